@@ -1,0 +1,67 @@
+# SPDX-License-Identifier: BSD-3-Clause
+
+include("${CMAKE_CURRENT_LIST_DIR}/BrimvaleArguments.cmake")
+
+# What every test sees: no display, one locale (texts of the system and file names in UTF-8), and no settings
+# of whoever runs it.
+set(BRIMVALE_TEST_ENVIRONMENT
+    "QT_QPA_PLATFORM=offscreen"
+    "QT_QUICK_BACKEND=software"
+    "LC_ALL=C.UTF-8"
+    "QT_LOGGING_RULES="
+    "XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config"
+    "XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data"
+    "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache")
+
+# Sets the environment, the labels and the time-out of a test made with add_test().
+#
+#   brimvale_set_test_properties(<name> [LABELS <label>...] [ENVIRONMENT <NAME=value>...] [TIMEOUT <seconds>])
+function(brimvale_set_test_properties name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LABELS;ENVIRONMENT")
+    brimvale_refuse_bad_arguments(brimvale_set_test_properties)
+    if(NOT DEFINED arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    # The folder below tests/ is a label, so that `ctest -L core` runs one subsystem.
+    cmake_path(GET CMAKE_CURRENT_SOURCE_DIR FILENAME folder)
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "${BRIMVALE_TEST_ENVIRONMENT};${arg_ENVIRONMENT}"
+        LABELS "${folder};${arg_LABELS}"
+        TIMEOUT ${arg_TIMEOUT})
+endfunction()
+
+# Builds a QtTest executable and registers it with CTest.
+#
+#   brimvale_add_test(NAME <name> SOURCES <file>... [LIBRARIES <target>...] [INCLUDE_DIRECTORIES <dir>...]
+#                     [DEFINITIONS <NAME=value>...] [DEPENDS <target>...] [LABELS <label>...]
+#                     [ENVIRONMENT <NAME=value>...] [TIMEOUT <seconds>])
+#
+# Qt5::Test and Brimvale::SharedLibs are linked always. DEPENDS names targets that the test uses at run time
+# (a plug-in it loads, a program it starts). The time-out is 120 seconds unless stated.
+function(brimvale_add_test)
+    cmake_parse_arguments(PARSE_ARGV 0 arg ""
+        "NAME;TIMEOUT"
+        "SOURCES;LIBRARIES;INCLUDE_DIRECTORIES;DEFINITIONS;DEPENDS;LABELS;ENVIRONMENT")
+    brimvale_refuse_bad_arguments(brimvale_add_test)
+    brimvale_require_arguments(brimvale_add_test NAME SOURCES)
+    brimvale_require_files("brimvale_add_test(NAME ${arg_NAME})" ${arg_SOURCES})
+
+    find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
+    add_executable(${arg_NAME} ${arg_SOURCES})
+    set_target_properties(${arg_NAME} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_link_libraries(${arg_NAME} PRIVATE Brimvale::SharedLibs ${arg_LIBRARIES} Qt5::Test)
+    target_include_directories(${arg_NAME} PRIVATE ${arg_INCLUDE_DIRECTORIES})
+    target_compile_definitions(${arg_NAME} PRIVATE ${arg_DEFINITIONS})
+    if(arg_DEPENDS)
+        add_dependencies(${arg_NAME} ${arg_DEPENDS})
+    endif()
+
+    add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})
+    set(forwarded)
+    foreach(keyword IN ITEMS LABELS ENVIRONMENT TIMEOUT)
+        if(DEFINED arg_${keyword})
+            list(APPEND forwarded ${keyword} ${arg_${keyword}})
+        endif()
+    endforeach()
+    brimvale_set_test_properties(${arg_NAME} ${forwarded})
+endfunction()
