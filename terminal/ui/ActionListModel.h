@@ -6,11 +6,14 @@
 #include <QString>
 #include <QVector>
 
-namespace Brimvale {
-namespace Terminal {
+namespace Brimvale
+{
+namespace Terminal
+{
 
 /// What the action bar shows of one action.
-struct ActionEntry {
+struct ActionEntry
+{
     QString uid;            ///< Unique identifier, handed back when the button is pressed.
     QString name;           ///< Button text, already translated; a line feed breaks it over two lines.
     bool enabled = true;    ///< Whether the button can be pressed.
@@ -26,14 +29,23 @@ struct ActionEntry {
 ///
 /// The model is fed by the host, which reads the actions of the active plug-in; the person's presses come
 /// back as actionPressed(). Roles: uid, name, enabled, toggle, toggleIndex, maxToggleIndex.
-class ActionListModel : public QAbstractListModel {
+class ActionListModel : public QAbstractListModel
+{
     Q_OBJECT
     Q_DISABLE_COPY(ActionListModel)
     /// Number of buttons.
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    enum Role { UidRole = Qt::UserRole + 1, NameRole, EnabledRole, ToggleRole, ToggleIndexRole, MaxToggleIndexRole };
+    enum Role
+    {
+        UidRole = Qt::UserRole + 1,
+        NameRole,
+        EnabledRole,
+        ToggleRole,
+        ToggleIndexRole,
+        MaxToggleIndexRole
+    };
     Q_ENUM(Role)
 
     explicit ActionListModel(QObject* parent = nullptr);

@@ -8,15 +8,18 @@
 #include <QVariantList>
 #include <QVector>
 
-namespace Brimvale {
-namespace Terminal {
+namespace Brimvale
+{
+namespace Terminal
+{
 
 /// The bench beside the terminal: what a person does to the scale with their hands.
 ///
 /// It is shown by the bench panel (context property "bench"). Both sides write it: the panel when the person moves a
 /// control, the host when a script or the scale itself changes something. Each setter emits its signal, with the new
 /// value, only on change, so that connecting both ways makes no loop.
-class BenchModel : public QObject {
+class BenchModel : public QObject
+{
     Q_OBJECT
     Q_DISABLE_COPY(BenchModel)
 

@@ -12,14 +12,17 @@
 #include <QVariantList>
 #include <QVector>
 
-namespace Brimvale {
-namespace Terminal {
+namespace Brimvale
+{
+namespace Terminal
+{
 
 /// One entry of the list from which the person chooses the application.
-struct PluginEntry {
-    QString id;          ///< Identifier of the plug-in.
-    QString name;        ///< Name as the plug-in gives it, translated.
-    QString icon;        ///< URL or resource path (":/…" or "qrc:/…") of its icon; empty shows a neutral mark.
+struct PluginEntry
+{
+    QString id;   ///< Identifier of the plug-in.
+    QString name; ///< Name as the plug-in gives it, translated.
+    QString icon; ///< URL or resource path (":/…" or "qrc:/…") of its icon; empty shows a neutral mark.
     bool active = false; ///< Whether this is the application that is running.
 
     bool operator==(const PluginEntry& other) const;
@@ -32,7 +35,8 @@ struct PluginEntry {
 /// and what the person does comes back as signals. Setters emit only when the value differs. It knows nothing of
 /// the scale or of the host's classes; display and warnings are plain QObjects whose properties are read by name.
 /// All of it is used on the GUI thread.
-class InstrumentModel : public QObject {
+class InstrumentModel : public QObject
+{
     Q_OBJECT
     Q_DISABLE_COPY(InstrumentModel)
 
@@ -86,7 +90,12 @@ class InstrumentModel : public QObject {
 public:
     /// How grave a notice is. Information goes away by itself on an attended screen; warnings and errors stay until
     /// the person or the host takes them away.
-    enum class Severity { Info, Warning, Error };
+    enum class Severity
+    {
+        Info,
+        Warning,
+        Error
+    };
     Q_ENUM(Severity)
 
     explicit InstrumentModel(QObject* parent = nullptr);

@@ -18,8 +18,10 @@ class QQuickItem;
 class QQuickView;
 class QTranslator;
 
-namespace Brimvale {
-namespace Terminal {
+namespace Brimvale
+{
+namespace Terminal
+{
 
 class BenchModel;
 class InstrumentModel;
@@ -29,7 +31,8 @@ class InstrumentModel;
 /// It shows an InstrumentModel and a BenchModel, which must outlive it, loads the screen of the active plug-in into
 /// the application area, and follows the language. It works attended and headless; headless (platform "offscreen")
 /// nothing need be shown: grab() renders on its own. A QGuiApplication must exist.
-class TerminalWindow : public QObject {
+class TerminalWindow : public QObject
+{
     Q_OBJECT
     Q_DISABLE_COPY(TerminalWindow)
 
