@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef BRIMVALE_SERIALSOURCE_H
+#define BRIMVALE_SERIALSOURCE_H
+
+#include "source/LineSource.h"
+
+#include <QSerialPort>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+/// A scale at a serial port: 8 data bits, no parity, 1 stop bit, no flow control.
+class SerialSource : public LineSource
+{
+    Q_OBJECT
+
+public:
+    static constexpr int DefaultBaud = 9600;
+
+    /// @param clock  stamps the readings; not owned, must outlive the source.
+    /// @param device the device file ("/dev/ttyUSB0") or the port's name ("ttyUSB0").
+    SerialSource(Clock& clock, const QString& device, int baud = DefaultBaud,
+                 const LineSourceSettings& settings = {}, QObject* parent = nullptr);
+    ~SerialSource() override;
+
+    QString description() const override;
+
+protected:
+    void openConnection() override;
+    void closeConnection() override;
+    void send(const QByteArray& bytes) override;
+
+private:
+    const QString m_device;
+    const int m_baud;
+    QSerialPort m_port;
+};
+
+} // namespace Terminal
+} // namespace Brimvale
+
+#endif // BRIMVALE_SERIALSOURCE_H
