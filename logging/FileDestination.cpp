@@ -2,7 +2,7 @@
 
 #include "FileDestination.h"
 
-#include <QtCore/QByteArray>
+#include <QByteArray>
 
 #include <cstdio>
 

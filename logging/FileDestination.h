@@ -5,7 +5,7 @@
 
 #include "QsLogDest.h"
 
-#include <QtCore/QFile>
+#include <QFile>
 
 namespace QsLogging
 {

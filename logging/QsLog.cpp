@@ -2,10 +2,10 @@
 
 #include "QsLog.h"
 
-#include <QtCore/QDateTime>
-#include <QtCore/QMutex>
-#include <QtCore/QMutexLocker>
-#include <QtCore/QVector>
+#include <QDateTime>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QVector>
 
 namespace QsLogging
 {

@@ -7,8 +7,8 @@
 #include "QsLogGlobal.h"
 #include "QsLogLevel.h"
 
-#include <QtCore/QDebug>
-#include <QtCore/QString>
+#include <QDebug>
+#include <QString>
 
 #include <atomic>
 

@@ -5,7 +5,7 @@
 #include "FileDestination.h"
 #include "SlotDestination.h"
 
-#include <QtCore/QByteArray>
+#include <QByteArray>
 
 #include <cstdio>
 

@@ -6,8 +6,8 @@
 #include "QsLogGlobal.h"
 #include "QsLogLevel.h"
 
-#include <QtCore/QSharedPointer>
-#include <QtCore/QString>
+#include <QSharedPointer>
+#include <QString>
 
 QT_BEGIN_NAMESPACE
 class QObject;

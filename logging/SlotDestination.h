@@ -5,7 +5,7 @@
 
 #include "QsLogDest.h"
 
-#include <QtCore/QObject>
+#include <QObject>
 
 namespace QsLogging
 {

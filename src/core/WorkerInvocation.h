@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef BRIMVALE_WORKERINVOCATION_H
+#define BRIMVALE_WORKERINVOCATION_H
+
+#include <QMetaMethod>
+#include <QObject>
+#include <QThread>
+
+namespace Brimvale
+{
+
+/// Whether `method` belongs to the class of `worker` and takes the arguments in their types. An argument that the
+/// method does not take is ignored, as it is in a connection of a signal with a slot. The meta-object compares only
+/// the number of arguments and would read an argument of another type as if it were the declared one.
+template <std::size_t Count>
+bool acceptsArguments(QObject* worker, const QMetaMethod& method, const QGenericArgument (&arguments)[Count])
+{
+    if (!method.isValid() || method.enclosingMetaObject()->cast(worker) == nullptr
+        || method.parameterCount() > static_cast<int>(Count)) {
+        return false;
+    }
+    for (int i = 0; i < method.parameterCount(); ++i) {
+        const int declared = method.parameterType(i);
+        if (declared == QMetaType::UnknownType || declared != QMetaType::type(arguments[i].name())) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Calls `method` on `worker` with one argument: directly when the worker lives in the calling thread, otherwise
+/// queued and then without `result`, since a queued call that asks for a result is refused. Returns whether the call
+/// was made or queued; `result` is written only by a direct call. The method and the arguments must not be members of
+/// an object that the worker may destroy.
+template <typename... Arguments>
+bool invokeWorker(QObject* worker, const QMetaMethod& method, const QGenericReturnArgument& result,
+                  const Arguments&... arguments)
+{
+    const QGenericArgument passed[] = {arguments...};
+    if (!acceptsArguments(worker, method, passed)) {
+        return false;
+    }
+    if (worker->thread() != QThread::currentThread()) {
+        return method.invoke(worker, Qt::QueuedConnection, arguments...);
+    }
+    return method.invoke(worker, Qt::DirectConnection, result, arguments...);
+}
+
+} // namespace Brimvale
+
+#endif
