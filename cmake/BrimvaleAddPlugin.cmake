@@ -17,6 +17,9 @@ include("${CMAKE_CURRENT_LIST_DIR}/BrimvaleArguments.cmake")
 #   Q_PLUGIN_METADATA(IID "Brimvale.Plugin.IPlugin" FILE "<file.json>")
 #   Q_INTERFACES(Brimvale::IPlugin)
 #
+# Beside the file's contents, the plug-in's metadata hold the version of the library it was built against, as
+# "SharedLibsVersion": ["<version>"].
+#
 # All plug-ins of a terminal share one resource tree, so translations and resources are named after the plug-in.
 function(brimvale_add_plugin name)
     cmake_parse_arguments(PARSE_ARGV 1 arg ""
@@ -49,7 +52,8 @@ function(brimvale_add_plugin name)
         VISIBILITY_INLINES_HIDDEN ON
         AUTOMOC ON
         AUTORCC ON
-        AUTOMOC_MOC_OPTIONS "-I${metadata_directory}")
+        # The version lets a host tell, before it loads the plug-in, which library it was built for.
+        AUTOMOC_MOC_OPTIONS "-I${metadata_directory};-MSharedLibsVersion=${SharedLibs_VERSION}")
     target_compile_features(${name} PRIVATE cxx_std_17)
     # The same arithmetic on every processor, as in the library.
     target_compile_options(${name} PRIVATE -ffp-contract=off)

@@ -1,0 +1,26 @@
+# SPDX-License-Identifier: BSD-3-Clause
+
+include("${CMAKE_CURRENT_LIST_DIR}/BrimvaleArguments.cmake")
+
+# Builds a Google Benchmark executable and registers a short run of it with CTest, so that it never rots.
+#
+#   brimvale_add_benchmark(NAME <name> SOURCES <file>... [LIBRARIES <target>...] [INCLUDE_DIRECTORIES <dir>...])
+#
+# Brimvale::SharedLibs and Google Benchmark's main() are linked always. `make bench` runs what stands in
+# <build>/benchmarks.
+function(brimvale_add_benchmark)
+    cmake_parse_arguments(PARSE_ARGV 0 arg "" "NAME" "SOURCES;LIBRARIES;INCLUDE_DIRECTORIES")
+    brimvale_refuse_bad_arguments(brimvale_add_benchmark)
+    brimvale_require_arguments(brimvale_add_benchmark NAME SOURCES)
+    brimvale_require_files("brimvale_add_benchmark(NAME ${arg_NAME})" ${arg_SOURCES})
+
+    add_executable(${arg_NAME} ${arg_SOURCES})
+    set_target_properties(${arg_NAME} PROPERTIES
+        AUTOMOC ON
+        RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/benchmarks")
+    target_link_libraries(${arg_NAME} PRIVATE Brimvale::SharedLibs ${arg_LIBRARIES} benchmark::benchmark_main)
+    target_include_directories(${arg_NAME} PRIVATE ${arg_INCLUDE_DIRECTORIES})
+
+    add_test(NAME ${arg_NAME} COMMAND ${arg_NAME} --benchmark_min_time=0.001)
+    brimvale_set_test_properties(${arg_NAME} LABELS benchmark)
+endfunction()
