@@ -1,0 +1,63 @@
+# SPDX-License-Identifier: BSD-3-Clause
+#
+# The face of the build for people. `make` lists what there is; CMakePresets.json holds the configurations.
+
+PREFIX ?= /usr/local
+DESTDIR ?=
+# Installs the Debian packages that are missing; `make SETUP=: …` leaves that out.
+SETUP ?= tools/setup
+JOBS ?= $(shell nproc)
+# More arguments for ctest, the benchmarks and the terminal.
+TEST_ARGS ?=
+BENCH_ARGS ?=
+RUN_ARGS ?=
+
+.PHONY: help run test bench docs install clean
+.DEFAULT_GOAL := help
+
+help:
+	@echo 'make run      build the terminal and start it with the sample plug-in on a simulated scale;'
+	@echo '              without a display it plays a short demonstration and leaves screenshots'
+	@echo 'make test     build everything and run all tests'
+	@echo 'make bench    build and run the benchmarks'
+	@echo 'make docs     write the reference and the guides as HTML'
+	@echo 'make install  install library, terminal and SDK (PREFIX=$(PREFIX), DESTDIR=$(DESTDIR))'
+	@echo 'make clean    remove build/'
+	@echo
+	@echo 'Missing Debian packages are installed on the way (tools/setup --help).'
+	@echo 'Variables: JOBS=$(JOBS), TEST_ARGS for ctest, BENCH_ARGS for the benchmarks, RUN_ARGS for the terminal.'
+
+run:
+	$(SETUP) --group run
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS) --target brimvale-terminal weighing
+	tools/run-terminal build/release $(RUN_ARGS)
+
+test:
+	$(SETUP) --group test
+	cmake --preset dev
+	cmake --build --preset dev --parallel $(JOBS)
+	ctest --preset dev --parallel $(JOBS) $(TEST_ARGS)
+
+bench:
+	$(SETUP) --group bench
+	cmake --preset bench
+	cmake --build --preset bench --parallel $(JOBS)
+	@set -e; for benchmark in build/bench/benchmarks/bench_*; do \
+		echo "== $${benchmark##*/}"; "$$benchmark" $(BENCH_ARGS); \
+	done
+
+docs:
+	$(SETUP) --group docs
+	cmake --preset release
+	cmake --build --preset release --target docs
+	@echo 'Documentation: build/release/docs/html/index.html'
+
+install:
+	$(SETUP)
+	cmake --preset release -DCMAKE_INSTALL_PREFIX='$(abspath $(PREFIX))'
+	cmake --build --preset release --parallel $(JOBS)
+	DESTDIR='$(abspath $(DESTDIR))' cmake --install build/release
+
+clean:
+	rm -rf build
