@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QThread>
 
+#include <initializer_list>
+
 namespace Brimvale
 {
 
@@ -28,7 +30,7 @@ bool acceptsArguments(QObject* worker, const QMetaMethod& method, const QGeneric
     return true;
 }
 
-/// Calls `method` on `worker` with one argument: directly when the worker lives in the calling thread, otherwise
+/// Calls `method` on `worker`: directly when the worker lives in the calling thread, otherwise
 /// queued and then without `result`, since a queued call that asks for a result is refused. Returns whether the call
 /// was made or queued; `result` is written only by a direct call. The method and the arguments must not be members of
 /// an object that the worker may destroy.
