@@ -5,7 +5,6 @@
 include(GNUInstallDirs)
 
 set(BRIMVALE_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/SharedLibs")
-set(BRIMVALE_INSTALL_TESTKIT_INCLUDEDIR "${BRIMVALE_INSTALL_INCLUDEDIR}/TestKit")
 set(BRIMVALE_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/SharedLibs")
 # Libraries and plug-ins of our own that must not stand among the system's: the logger would shadow a real QsLog.
 set(BRIMVALE_INSTALL_PRIVATE_LIBDIR "${CMAKE_INSTALL_LIBDIR}/SharedLibs")

@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: BSD-3-Clause
+import QtQuick 2.15
+
+Text {
+    text: counterModel.objectName
+}

@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en_GB">
+<context>
+    <name>CounterPlugin</name>
+    <message>
+        <source>Counter</source>
+        <translation>Zähler</translation>
+    </message>
+</context>
+</TS>
