@@ -22,6 +22,9 @@ public:
     /// The number times 10^@p exponent: the double nearest to that decimal number.
     double value(int exponent = 0) const;
 
+    /// The double nearest to 10^@p exponent.
+    static double powerOfTen(int exponent);
+
     /// How many digits stand behind the point.
     int decimals() const { return m_decimals; }
 

@@ -73,9 +73,10 @@ protected:
 
 private:
     void attempt();
+    void endConnection();
     void stalled();
-    void report(bool connected, const QString& detail);
-    void disconnectedReading(const QString& detail);
+    void deliver(const SicsLine& line);
+    void reportDisconnected(const QString& detail);
 
     Clock& m_clock;
     const LineSourceSettings m_settings;
@@ -85,13 +86,13 @@ private:
     QTimer m_stallTimer;
     QTimer m_retryTimer;
     int m_retryMs;
-    int m_stalls = 0;
+    int m_stalls = 0; ///< Since the last weight line.
     bool m_running = false;
-    bool m_open = false;      ///< The connection stands.
-    bool m_connected = false; ///< ... and weight lines arrive.
-    QString
-        m_lastDetail;  ///< Of the last Disconnected reading, so that a retry that fails alike stays silent.
-    quint64 m_run = 0; ///< Counts whatever ends a connection, so that a delivery notices it.
+    bool m_open = false;         ///< The connection stands.
+    bool m_connected = false;    ///< ... and weight lines arrive.
+    bool m_bytesArrived = false; ///< Something came since the last weight line.
+    QString m_lastDetail;     ///< Of the last Disconnected reading; null when another reading came after it.
+    quint64 m_connection = 0; ///< Counts ended connections, so that a delivery notices one.
 };
 
 } // namespace Terminal
