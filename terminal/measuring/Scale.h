@@ -92,7 +92,7 @@ public:
     /// language of the terminal.
     QString statusText() const;
     /// For people: what exactly is wrong. Often empty.
-    QString statusDetail() const;
+    QString statusDetail() const { return m_reading.detail; }
 
     bool isTareSet() const { return m_tareGrams != 0.0; }
     /// The tare was given as a number, not weighed.
@@ -179,7 +179,7 @@ signals:
     void decimalsChanged(int decimals);
 
 private:
-    void setReadability(const Readability& readability);
+    Reading::Status judge(const Reading& reading) const;
     void onSourceReadability(double grams);
     bool refuse(Refusal refusal);
     bool carriedOut();
@@ -193,7 +193,6 @@ private:
 
     Reading m_reading;
     Reading::Status m_status = Reading::Status::Disconnected;
-    QString m_detail;
     bool m_stable = false;
     int m_stableCounter = 0;
 
