@@ -81,6 +81,9 @@ signals:
     void countChanged();
 
 private:
+    int rowOf(const QString& uid) const;
+    void setAction(int row, const ActionEntry& action);
+
     QVector<ActionEntry> m_actions;
 };
 

@@ -56,6 +56,8 @@ class InstrumentModel : public QObject
     Q_PROPERTY(QVariantList plugins READ plugins NOTIFY pluginsChanged)
     /// Name of the active plug-in; empty when none is active.
     Q_PROPERTY(QString activePluginName READ activePluginName NOTIFY pluginsChanged)
+    /// Icon of the active plug-in; empty when none is active or it has none.
+    Q_PROPERTY(QUrl activePluginIcon READ activePluginIcon NOTIFY pluginsChanged)
     /// Whether a plug-in is active.
     Q_PROPERTY(bool pluginActive READ pluginActive NOTIFY pluginsChanged)
     /// Screen file of the active plug-in, shown in the application area; an empty URL shows none.
@@ -85,7 +87,8 @@ class InstrumentModel : public QObject
     /// Optional title of the notice; empty shows the text alone.
     Q_PROPERTY(QString noticeTitle READ noticeTitle NOTIFY noticeChanged)
     /// How grave the notice is.
-    Q_PROPERTY(Severity noticeSeverity READ noticeSeverity NOTIFY noticeChanged)
+    Q_PROPERTY(
+        Brimvale::Terminal::InstrumentModel::Severity noticeSeverity READ noticeSeverity NOTIFY noticeChanged)
 
 public:
     /// How grave a notice is. Information goes away by itself on an attended screen; warnings and errors stay until
@@ -100,6 +103,11 @@ public:
 
     explicit InstrumentModel(QObject* parent = nullptr);
 
+    /// The URL of a screen or picture that a plug-in names by \a path: a resource (":/x.qml", "qrc:/x.qml"), a file
+    /// URL, or a file path, which is taken from the working directory unless absolute. An empty path gives an empty
+    /// URL.
+    static QUrl urlFromPath(const QString& path);
+
     QObject* display() const;
     QObject* warnings() const;
     ActionListModel* actions();
@@ -107,6 +115,7 @@ public:
     bool printEnabled() const;
     QVariantList plugins() const;
     QString activePluginName() const;
+    QUrl activePluginIcon() const;
     bool pluginActive() const;
     QUrl pluginScreen() const;
     QList<QObject*> infoItems() const;
@@ -184,17 +193,25 @@ signals:
     void screenLoaded(bool ok, const QString& errors);
 
 private:
-    void watchDisplay(QPointer<QObject>& member, QObject* display);
+    /// An object of somebody else, and the connection that tells of its end.
+    struct Watched
+    {
+        QPointer<QObject> object;
+        QMetaObject::Connection end;
+    };
 
-    QPointer<QObject> m_display;
-    QPointer<QObject> m_terminalDisplay;
-    QPointer<QObject> m_warnings;
+    const PluginEntry* activePlugin() const;
+    void watchDisplay(Watched& watched, QObject* display);
+
+    Watched m_display;
+    Watched m_terminalDisplay;
+    Watched m_warnings;
     ActionListModel m_actions;
     ActionListModel m_hostActions;
     bool m_printEnabled = false;
     QVector<PluginEntry> m_plugins;
     QUrl m_pluginScreen;
-    QList<QPointer<QObject>> m_infoItems;
+    QVector<Watched> m_infoItems;
     QString m_scalePlate;
     QString m_sourceText;
     bool m_sourceOk = true;

@@ -2,12 +2,15 @@
 #ifndef BRIMVALE_TERMINALWINDOW_H
 #define BRIMVALE_TERMINALWINDOW_H
 
+#include <QList>
 #include <QMap>
+#include <QMetaObject>
 #include <QObject>
 #include <QPointer>
 #include <QSize>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
 
@@ -15,8 +18,10 @@ class QQmlContext;
 class QQmlEngine;
 class QQmlError;
 class QQuickItem;
-class QQuickView;
+class QQuickRenderControl;
+class QQuickWindow;
 class QTranslator;
+class QUrl;
 
 namespace Brimvale
 {
@@ -29,32 +34,32 @@ class InstrumentModel;
 /// The terminal's window: the screen of 1024 x 600 and, beside it, the bench.
 ///
 /// It shows an InstrumentModel and a BenchModel, which must outlive it, loads the screen of the active plug-in into
-/// the application area, and follows the language. It works attended and headless; headless (platform "offscreen")
-/// nothing need be shown: grab() renders on its own. A QGuiApplication must exist.
+/// the application area, and follows the language. It works attended and headless: on the platform "offscreen" no
+/// window appears, and grab() renders on its own. A QGuiApplication must exist.
+///
+/// The screens are drawn by Qt Quick's software renderer, which needs no graphics driver and draws the same picture
+/// everywhere; the environment variable QT_QUICK_BACKEND chooses another one for an attended terminal.
 class TerminalWindow : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY(TerminalWindow)
 
 public:
-    /// Chooses the software renderer, which draws the same picture on every machine. To be called before the first
-    /// window exists; headless runs need it.
-    static void useSoftwareRendering();
-
     TerminalWindow(InstrumentModel& instrument, BenchModel& bench);
     ~TerminalWindow() override;
 
-    /// Loads the terminal's own screen. To be called once, after setBenchVisible() and setAnimationsEnabled() or
-    /// before, as you like.
+    /// Loads the terminal's own screen, and that of the active plug-in if one is set. To be called once, before any
+    /// other window of Qt Quick exists. Makes the terminal's font the font of the application, so that screens of
+    /// plug-ins have it without asking.
     /// \return false on failure; \a error (may be null) then says why.
     bool load(QString* error);
 
-    /// Shows the window on the desktop.
+    /// Shows the window on the desktop; without effect on the platform "offscreen", and before load().
     void show();
 
-    /// Writes what the window shows at this moment as a PNG file of size() pixels. Shown or not, everything set before the call
-    /// is in the picture; images and nested loaders of the plug-in's screen that still load are waited for, two
-    /// seconds at most.
+    /// Writes what the window shows at this moment as a PNG file of size() pixels. Everything set before the call is
+    /// in the picture; images and nested loaders of the plug-in's screen that still load are waited for, two seconds
+    /// at most. On other platforms than "offscreen" the window must be shown.
     /// \return false on failure (not loaded, file not writable); \a error (may be null) then says why.
     bool grab(const QString& pngFile, QString* error);
 
@@ -85,6 +90,9 @@ public:
     /// The root object of the plug-in's screen; null while none is shown.
     QQuickItem* pluginScreen() const;
 
+    /// The window; null before load() succeeded. On the platform "offscreen" it never appears, but takes events.
+    QQuickWindow* window() const;
+
     /// The root object of the terminal's own screen; null before load() succeeded. Tests reach the controls by it.
     QQuickItem* rootItem() const;
 
@@ -102,13 +110,22 @@ signals:
     void closed();
 
 private:
+    /// An object of a plug-in under its name, and the connection that tells of its end.
+    struct Published
+    {
+        QPointer<QObject> object;
+        QMetaObject::Connection end;
+    };
+
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool createRootItem(QString* error);
     void followLanguage();
-    void loadPluginScreen();
+    void followPluginScreen();
+    QString createPluginScreen(const QUrl& screen);
     void unloadPluginScreen();
+    void fitPluginScreen();
     void onContextObjectDestroyed(const QString& name);
     void onQmlWarnings(const QList<QQmlError>& warnings);
-    void fitPluginScreen();
     void waitForPendingItems() const;
 
     InstrumentModel& m_instrument;
@@ -117,12 +134,17 @@ private:
     bool m_animationsEnabled = true;
     QStringList m_qmlWarnings;
     std::unique_ptr<QTranslator> m_translator;
-    QMap<QString, QPointer<QObject>> m_contextObjects;
+    QMap<QString, Published> m_contextObjects;
     std::unique_ptr<QQmlEngine> m_engine;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<QQmlContext> m_pluginContext;
+    std::unique_ptr<QQuickWindow> m_window;
+    /// Renders in place of a window system; only on the platform "offscreen". Goes before its window.
+    std::unique_ptr<QQuickRenderControl> m_renderControl;
+    std::unique_ptr<QQuickItem> m_root;
     QPointer<QQuickItem> m_pluginArea;
+    std::unique_ptr<QQmlContext> m_pluginContext;
     QPointer<QQuickItem> m_pluginScreen;
+    /// Unloaded screens that the event loop has not deleted yet.
+    QVector<QPointer<QQuickItem>> m_unloadedScreens;
 };
 
 } // namespace Terminal

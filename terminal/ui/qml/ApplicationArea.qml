@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: BSD-3-Clause
+import QtQuick 2.15
+import "."
+
+// The screen of the active plug-in, and the info lines to its right.
+Rectangle {
+    id: area
+
+    // Why the screen could not be loaded; empty when it was, or when there is none.
+    property string screenErrors
+    readonly property bool infoShown: instrument.infoItems.length > 0
+    readonly property bool faulty: screenErrors.length > 0
+    readonly property bool faultsShown: !instrument.pluginActive && bench.pluginFaults.length > 0
+
+    color: Theme.field
+
+    Item {
+        objectName: "pluginArea"
+        width: parent.width - (area.infoShown ? Theme.infoWidth : 0)
+        height: parent.height
+        clip: true
+    }
+
+    // In place of a screen: why there is none.
+    Column {
+        objectName: "noApplication"
+        visible: !area.faulty && !instrument.pluginActive && !area.faultsShown
+        anchors.centerIn: parent
+        spacing: Theme.unit
+
+        Text {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: qsTr("No application is loaded")
+            font.pixelSize: Theme.titleSize
+            font.weight: Font.Medium
+            color: Theme.inkSoft
+        }
+        Text {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: qsTr("The terminal weighs on its own. Start it with --plugin PATH to run an application.")
+            font.pixelSize: Theme.bodySize
+            color: Theme.inkSoft
+        }
+    }
+    FaultList {
+        objectName: "screenFault"
+        visible: area.faulty
+        width: parent.width - (area.infoShown ? Theme.infoWidth : 0)
+        height: parent.height
+        title: qsTr("The application's screen cannot be shown")
+        faults: area.faulty ? [area.screenErrors] : []
+    }
+    FaultList {
+        objectName: "pluginFaults"
+        visible: !area.faulty && area.faultsShown
+        anchors.fill: parent
+        title: qsTr("No application is loaded")
+        faults: area.faultsShown ? bench.pluginFaults : []
+    }
+
+    InfoArea {
+        objectName: "infoArea"
+        visible: area.infoShown
+        anchors.right: parent.right
+        width: Theme.infoWidth
+        height: parent.height
+        items: instrument.infoItems
+    }
+}

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: BSD-3-Clause
+import QtQuick 2.15
+import "."
+
+// The weight, and everything that must be read together with it.
+Rectangle {
+    id: display
+
+    readonly property QtObject model: instrument.display
+    readonly property QtObject warnings: instrument.warnings
+    readonly property bool shown: model ? model.allVisible : false
+    // A weight source that is gone leaves the last value in the model; it is not a reading any more.
+    readonly property string errorText: !model ? ""
+                                        : model.errorText.length > 0 ? model.errorText
+                                        : !instrument.sourceOk ? qsTr("No connection to the scale") : ""
+    readonly property bool hasError: shown && errorText.length > 0
+    readonly property bool hasValue: shown && !hasError && model.messwertVisible
+    readonly property bool valid: model ? model.isValid : false
+    readonly property int baseline: 170
+    readonly property int valueRight: 824
+    readonly property int unitLeft: 844
+
+    color: Theme.display
+
+    Text {
+        id: plate
+        x: Theme.margin
+        y: 18
+        text: instrument.scalePlate
+        font.pixelSize: Theme.bodySize
+        color: Theme.inkSoft
+    }
+
+    Row {
+        id: chips
+        objectName: "warnings"
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.margin
+        y: 12
+        spacing: Theme.unit
+        readonly property real space: parent.width - plate.width - 3 * Theme.margin
+
+        WarningChip {
+            objectName: "levellingWarning"
+            visible: display.warnings ? display.warnings.levellingRequiredVisible : false
+            text: display.warnings ? display.warnings.levellingRequiredText : ""
+            icon: "tilt"
+            maximumWidth: (chips.space - chips.spacing) / 2
+        }
+        WarningChip {
+            objectName: "calibrationWarning"
+            visible: display.warnings ? display.warnings.calibrationRequiredVisible : false
+            text: display.warnings ? display.warnings.calibrationRequiredText : ""
+            icon: "weight"
+            maximumWidth: (chips.space - chips.spacing) / 2
+        }
+    }
+
+    // Marks to the left of the value, each in its own place.
+    Item {
+        objectName: "stabilityMark"
+        readonly property bool stable: display.model ? display.model.stabilityValue > 0 : false
+        visible: display.hasValue && display.model.stabilityVisible
+        x: Theme.margin
+        y: 68
+        width: 32
+        height: 32
+
+        Rectangle {
+            visible: parent.stable
+            anchors.centerIn: parent
+            width: 20
+            height: 20
+            radius: 10
+            color: Theme.good
+        }
+        Icon {
+            visible: !parent.stable
+            anchors.centerIn: parent
+            name: "wave"
+            size: 32
+            strokeWidth: 2.4
+            color: Theme.inkSoft
+        }
+    }
+    Tag {
+        objectName: "netMark"
+        visible: display.hasValue && display.model.netVisible
+        x: Theme.margin
+        y: 108
+        filled: true
+        text: display.model && display.model.netText.length > 0 ? display.model.netText : qsTr("NET")
+    }
+    Tag {
+        objectName: "ptMark"
+        visible: display.hasValue && display.model.ptVisible
+        x: Theme.margin
+        y: 142
+        text: display.model && display.model.ptText.length > 0 ? display.model.ptText : qsTr("PT")
+    }
+
+    // Value and unit.
+    DigitText {
+        objectName: "value"
+        visible: display.hasValue
+        anchors.right: parent.left
+        anchors.rightMargin: -display.valueRight
+        y: display.baseline - baselineOffset
+        width: display.valueRight - 112
+        text: !display.model ? "" : display.valid ? display.model.messwert : "\u2013\u2009\u2013\u2009\u2013"
+        reduction: display.model && display.valid ? display.model.resolutionReduction : 0
+        framed: display.model && display.valid ? display.model.eichDigit : 0
+        color: display.valid ? Theme.ink : Theme.inkFaint
+    }
+    Text {
+        objectName: "unit"
+        visible: display.hasValue && display.valid
+        x: display.unitLeft
+        y: display.baseline - baselineOffset
+        width: parent.width - Theme.margin - x
+        text: display.model ? display.model.unit : ""
+        font.pixelSize: Theme.unitSize
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: Theme.bodySize
+        color: Theme.ink
+    }
+    Tag {
+        objectName: "coarseMark"
+        visible: display.hasValue && display.valid && display.model.isGrobRange
+        x: display.unitLeft
+        y: 72
+        text: qsTr("COARSE")
+    }
+    Tag {
+        objectName: "calculatedMark"
+        visible: display.hasValue && display.valid && display.model.isCalculated
+        x: display.unitLeft + (display.model && display.model.isGrobRange ? 96 : 0)
+        y: 72
+        icon: "asterisk"
+        text: ""
+    }
+
+    // An error takes the place of the value.
+    Rectangle {
+        objectName: "error"
+        visible: display.hasError
+        x: Theme.margin
+        y: 60
+        width: parent.width - 2 * Theme.margin
+        height: 120
+        radius: Theme.radius
+        color: Theme.error
+
+        Icon {
+            id: errorIcon
+            x: 32
+            anchors.verticalCenter: parent.verticalCenter
+            name: instrument.sourceOk ? "warning" : "broken"
+            size: 64
+            strokeWidth: 1.8
+            color: "white"
+        }
+        Text {
+            objectName: "errorText"
+            anchors.left: errorIcon.right
+            anchors.leftMargin: 24
+            anchors.right: parent.right
+            anchors.rightMargin: 32
+            anchors.verticalCenter: parent.verticalCenter
+            text: display.errorText
+            font.pixelSize: Theme.unitSize
+            fontSizeMode: Text.Fit
+            minimumPixelSize: Theme.titleSize
+            height: 96
+            verticalAlignment: Text.AlignVCenter
+            wrapMode: Text.WordWrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+            color: "white"
+        }
+    }
+
+    // Small display, in line with the main one.
+    Item {
+        objectName: "smallDisplay"
+        visible: display.shown && !display.hasError && display.model.messwertKleinVisible
+        width: parent.width
+        height: parent.height
+
+        DigitText {
+            id: smallValue
+            anchors.right: parent.left
+            anchors.rightMargin: -display.valueRight
+            y: 214 - baselineOffset
+            width: display.valueRight - 112
+            pixelSize: Theme.smallDisplaySize
+            weight: Font.Normal
+            text: !display.model ? ""
+                : display.model.isValidKlein ? display.model.messwertKlein : "\u2013\u2009\u2013\u2009\u2013"
+            reduction: display.model && display.model.isValidKlein ? display.model.resolutionReductionKlein : 0
+            framed: display.model && display.model.isValidKlein ? display.model.eichDigitKlein : 0
+            color: Theme.inkSoft
+        }
+        Text {
+            id: smallUnit
+            visible: display.model ? display.model.isValidKlein : false
+            x: display.unitLeft
+            y: 214 - baselineOffset
+            text: display.model ? display.model.unitKlein : ""
+            font.pixelSize: Theme.titleSize
+            color: Theme.inkSoft
+        }
+        Tag {
+            visible: display.model ? display.model.isValidKlein && display.model.isGrobRangeKlein : false
+            anchors.left: smallUnit.right
+            anchors.leftMargin: Theme.unit
+            y: 190
+            text: qsTr("COARSE")
+        }
+    }
+
+    BarGraph {
+        objectName: "barGraph"
+        visible: display.shown && !display.hasError && display.model.bargraphVisible
+        x: Theme.margin
+        width: parent.width - 2 * Theme.margin
+        anchors.bottom: parent.bottom
+        value: display.model ? display.model.bargraphValue : 0
+    }
+}

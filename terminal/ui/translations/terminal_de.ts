@@ -1,0 +1,5 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<!-- SPDX-License-Identifier: BSD-3-Clause -->
+<TS version="2.1" language="de_DE" sourcelanguage="en_GB">
+</TS>
