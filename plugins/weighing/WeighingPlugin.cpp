@@ -1,0 +1,319 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "WeighingPlugin.h"
+
+#include "WeighingViewManager.h"
+
+#include <QtMath>
+
+#include <ActionBase.h>
+#include <ActionBaseToggle.h>
+#include <IActionbar.h>
+#include <IInfobox.h>
+#include <IRegisterValueProvider.h>
+#include <IStatusInfo.h>
+#include <ISystem.h>
+#include <ISystemRegister.h>
+#include <IWeighing.h>
+#include <InfoboxListItem.h>
+#include <SettingsProfile.h>
+
+using namespace Brimvale;
+
+namespace
+{
+
+// Where the host keeps the stored values of the settings profile.
+const QLatin1String SettingsPath("weighing");
+const QLatin1String SettingsProfileName("system");
+
+QString withUnit(const MesswertData& reading)
+{
+    return reading.errorText.isEmpty() ? reading.messwert + QLatin1Char(' ') + reading.unit
+                                       : reading.errorText;
+}
+
+} // namespace
+
+WeighingPlugin::~WeighingPlugin()
+{
+    // The base makes the settings profile but leaves it to the plug-in.
+    delete m_settingsProfile;
+}
+
+// Identity ---------------------------------------------------------------------------------------------------------
+
+void WeighingPlugin::FillPluginId(PluginId& id)
+{
+    id.identifier = QStringLiteral("weighing");
+    id.kind = QStringLiteral("plugin");
+    id.addonNumber = 1;
+    id.checkPrintOnClose = true;
+    id.usesCalibrationService = true;
+    id.usesLevellingService = true;
+}
+
+QString WeighingPlugin::GetPluginName(bool translated)
+{
+    return translated ? tr("Weighing") : QStringLiteral("Weighing");
+}
+
+QString WeighingPlugin::GetPluginIcon()
+{
+    return QStringLiteral(":/weighing/weighing.svg");
+}
+
+// Parts that the base asks for -------------------------------------------------------------------------------------
+
+IMenuList* WeighingPlugin::CreatePluginMenu()
+{
+    return nullptr; // there is no menu of its own
+}
+
+QObject* WeighingPlugin::CreateViewModel()
+{
+    m_weighingModel = new WeighingViewModel; // without a parent: the base deletes it at the close
+    return m_weighingModel;
+}
+
+QString WeighingPlugin::GetViewModelName()
+{
+    return QStringLiteral("weighing");
+}
+
+QString WeighingPlugin::GetPluginScreen()
+{
+    return QStringLiteral("qrc:/weighing/WeighingScreen.qml");
+}
+
+IPluginViewManager* WeighingPlugin::CreateViewManager()
+{
+    return new WeighingViewManager(m_weighingModel);
+}
+
+// Settings ---------------------------------------------------------------------------------------------------------
+
+bool WeighingPlugin::PostInitPlugin()
+{
+    InitializeProfile();
+    const QString owner = m_system->GetStatusInfo()->GetAddonText();
+    const QString onlyStable = m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName,
+                                                            QStringLiteral("true"), PrintOnlyStable);
+    const QString minimum = m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName,
+                                                         QStringLiteral("0"), MinimumWeight);
+    SetProfileItem(PrintOnlyStable, onlyStable == QLatin1String("true"), QString());
+    SetProfileItem(MinimumWeight, minimum.toDouble(), QString());
+    return true;
+}
+
+void WeighingPlugin::ApplyProfileItem(int id, QVariant value)
+{
+    switch (id) {
+    case PrintOnlyStable:
+        m_printOnlyStable = value.toBool();
+        break;
+    case MinimumWeight:
+        m_minimumWeight = qMax(0.0, value.toDouble());
+        break;
+    default:
+        return;
+    }
+    showSettings();
+}
+
+void WeighingPlugin::showSettings()
+{
+    if (m_weighingModel == nullptr) {
+        return; // not started: the start shows what is in force
+    }
+    const QString minimum =
+        m_minimumWeight > 0.0 ? QString::number(m_minimumWeight) + QLatin1String(" g") : QString();
+    m_weighingModel->setSettings(m_printOnlyStable, minimum);
+    m_printModeAction->setToggleIndex(m_printOnlyStable ? 1 : 0);
+}
+
+// Life cycle -------------------------------------------------------------------------------------------------------
+
+bool WeighingPlugin::PreStartPlugin()
+{
+    // Owns all that lives from start to close. The base deletes it and leaves the pointer, so it is set at every start.
+    m_pluginObject = new QObject;
+
+    m_zeroAction = makeAction<ActionBase>(QStringLiteral("weighing.zero"), "onZero(QVariant)");
+    m_tareAction = makeAction<ActionBase>(QStringLiteral("weighing.tare"), "onTare(QVariant)");
+    m_clearTareAction = makeAction<ActionBase>(QStringLiteral("weighing.clearTare"), "onClearTare(QVariant)");
+    m_clearTareAction->setEnable(false);
+    m_printModeAction =
+        makeAction<ActionBaseToggle>(QStringLiteral("weighing.printMode"), "onPrintModeToggled(QVariant)");
+    m_printModeAction->setMaxToggleIndex(1);
+
+    m_grossItem = new InfoboxListItem(m_pluginObject, QString(), QString(), QString(), false, true, false);
+    m_tareItem = new InfoboxListItem(m_pluginObject, QString(), QString(), QString(), false, true, false);
+    m_countItem = new InfoboxListItem(m_pluginObject, QString(), QString(), QString(), false, true, false);
+    translateTexts();
+    return true;
+}
+
+void WeighingPlugin::InitActionbar()
+{
+    IActionbar* const actionbar = m_system->GetActionbar();
+    actionbar->AddAction(m_zeroAction);
+    actionbar->AddAction(m_tareAction);
+    actionbar->AddAction(m_clearTareAction);
+    actionbar->AddAction(m_printModeAction);
+    PluginBase::InitActionbar();
+}
+
+bool WeighingPlugin::PostStartPlugin()
+{
+    m_infobox->SetItems({m_grossItem, m_tareItem, m_countItem});
+
+    // The interface is no QObject, but the object behind it is.
+    connect(dynamic_cast<QObject*>(m_system->GetWeighing()), SIGNAL(NotifyNewMeasurementValue()), this,
+            SLOT(onNewMeasurementValue()));
+    onNewMeasurementValue(); // the present weight, without waiting for the next
+    return true;
+}
+
+bool WeighingPlugin::PreClosePlugin()
+{
+    // The base cuts the plug-in's own signals. Those that it receives it cuts itself, before the view model goes.
+    disconnect(dynamic_cast<QObject*>(m_system->GetWeighing()), nullptr, this, nullptr);
+
+    IActionbar* const actionbar = m_system->GetActionbar();
+    actionbar->RemoveAction(m_zeroAction);
+    actionbar->RemoveAction(m_tareAction);
+    actionbar->RemoveAction(m_clearTareAction);
+    actionbar->RemoveAction(m_printModeAction);
+    m_infobox->SetItems({});
+    return true;
+}
+
+// Weighing ---------------------------------------------------------------------------------------------------------
+
+void WeighingPlugin::onNewMeasurementValue()
+{
+    const MesswertData current = readRegister(ISystemRegister::CurrentRegister);
+    showReading(current);
+    if (m_printRequested) {
+        servePrintRequest(current);
+    }
+}
+
+void WeighingPlugin::showReading(MesswertData current)
+{
+    const MesswertData gross = readRegister(ISystemRegister::GrossRegister);
+    const MesswertData tare = readRegister(ISystemRegister::TareRegister);
+
+    MesswertInfo* const info = m_weighingModel->messwertInfo();
+    info->setFromMesswertData(&current);
+    info->setPtVisible(current.isPresetTare); // loading a reading has switched the mark off
+
+    info->setMesswertKlein(gross.messwert);
+    info->setUnitKlein(gross.unit);
+    info->setMesswertKleinVisible(current.net && gross.isValid);
+
+    const double limit = m_system->GetSystemRegister()->GetRegisterValue(ISystemRegister::UpperLimitRegister);
+    const double load = m_system->GetSystemRegister()->GetRegisterValue(ISystemRegister::GrossRegister);
+    const bool known = gross.isValid && limit > 0.0;
+    info->setBargraphValue(known ? qFloor(qBound(0.0, load / limit, 1.0) * 100.0) : 0);
+
+    m_grossItem->setItemValue(withUnit(gross));
+    m_grossItem->setIsItemValueInvalid(!gross.isValid);
+    m_tareItem->setItemValue(withUnit(tare));
+    m_clearTareAction->setEnable(current.net);
+}
+
+void WeighingPlugin::servePrintRequest(const MesswertData& current)
+{
+    if (!current.isValid) {
+        m_printRequested = false;
+        m_weighingModel->setPrintState(WeighingViewModel::NoWeight);
+        return;
+    }
+    if (m_printOnlyStable && !current.isStable) {
+        m_weighingModel->setPrintState(WeighingViewModel::WaitingForStable);
+        return; // the request stays until the weight is stable
+    }
+    if (current.value < m_minimumWeight) {
+        m_printRequested = false;
+        m_weighingModel->setPrintState(WeighingViewModel::BelowMinimum);
+        return;
+    }
+    MeasurementDatatransfer(current, m_previous); // takes the request with it
+    m_previous = current;
+    ++m_transferCount;
+    m_countItem->setItemValue(QString::number(m_transferCount));
+    m_weighingModel->setLastTransfer(withUnit(current), m_transferCount);
+    m_weighingModel->setPrintState(WeighingViewModel::Printed);
+}
+
+// The terminal itself says why zero or tare was refused.
+
+QVariant WeighingPlugin::onZero(QVariant data)
+{
+    Q_UNUSED(data)
+    return m_system->GetWeighing()->Zero();
+}
+
+QVariant WeighingPlugin::onTare(QVariant data)
+{
+    Q_UNUSED(data)
+    return m_system->GetWeighing()->Tare();
+}
+
+QVariant WeighingPlugin::onClearTare(QVariant data)
+{
+    Q_UNUSED(data)
+    return m_system->GetWeighing()->ClearTare();
+}
+
+QVariant WeighingPlugin::onPrintModeToggled(QVariant data)
+{
+    Q_UNUSED(data)
+    // Through the profile, so that it holds what is in force; it calls ApplyProfileItem().
+    SetProfileItem(PrintOnlyStable, !m_printOnlyStable, QString());
+    return m_printOnlyStable;
+}
+
+// Texts ------------------------------------------------------------------------------------------------------------
+
+void WeighingPlugin::TranslateWarnInfo()
+{
+    if (m_weighingModel == nullptr) {
+        return; // not started: the next start makes its texts in the new language
+    }
+    m_weighingModel->translateTexts();
+    translateTexts();
+    onNewMeasurementValue();
+}
+
+void WeighingPlugin::translateTexts()
+{
+    m_zeroAction->setName(tr("Zero"));
+    m_tareAction->setName(tr("Tare"));
+    m_clearTareAction->setName(tr("Clear tare"));
+    m_printModeAction->setName(tr("Stable only"));
+    m_grossItem->setItemValueTitle(tr("Gross"));
+    m_tareItem->setItemValueTitle(tr("Tare weight"));
+    m_countItem->setItemValueTitle(tr("Printed"));
+    m_countItem->setItemValue(QString::number(m_transferCount));
+}
+
+// Helpers ----------------------------------------------------------------------------------------------------------
+
+MesswertData WeighingPlugin::readRegister(int registerNumber) const
+{
+    return m_system->GetRegisterValueProvider()->GetMesswert(m_system->GetCurrentUnit(), registerNumber);
+}
+
+/// Makes an enabled action whose work is the slot `worker` of this plug-in.
+template <typename Action>
+Action* WeighingPlugin::makeAction(const QString& uid, const char* worker)
+{
+    auto* const action = new Action(m_pluginObject);
+    action->setUid(uid);
+    action->setRank(m_pluginObject->findChildren<ActionBase*>().size()); // in the order of making
+    action->setEnable(true);
+    action->setWorker(this, metaObject()->method(metaObject()->indexOfSlot(worker)));
+    return action;
+}

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef WEIGHINGPLUGIN_H
+#define WEIGHINGPLUGIN_H
+
+#include "WeighingViewModel.h"
+
+#include <QPointer>
+
+#include <MesswertData.h>
+#include <PluginBase.h>
+
+namespace Brimvale
+{
+class ActionBase;
+class ActionBaseToggle;
+class InfoboxListItem;
+} // namespace Brimvale
+
+/// Plain weighing: shows the weight, tares, sets zero, and prints on request.
+class WeighingPlugin : public Brimvale::PluginBase
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "Brimvale.Plugin.IPlugin" FILE "weighing.json")
+
+public:
+    /// The items of the settings profile, by their numbers.
+    enum Setting
+    {
+        PrintOnlyStable = 1, ///< bool: a print request waits for a stable weight
+        MinimumWeight = 2    ///< double, in grams: a smaller weight is not printed
+    };
+
+    ~WeighingPlugin() override;
+
+    QString GetPluginName(bool translated) override;
+    QString GetPluginIcon() override;
+    void ApplyProfileItem(int id, QVariant value) override;
+    void TranslateWarnInfo() override;
+
+protected:
+    void FillPluginId(Brimvale::PluginId& id) override;
+    Brimvale::IMenuList* CreatePluginMenu() override;
+    QObject* CreateViewModel() override;
+    QString GetViewModelName() override;
+    QString GetPluginScreen() override;
+    Brimvale::IPluginViewManager* CreateViewManager() override;
+
+    bool PostInitPlugin() override;
+    bool PreStartPlugin() override;
+    void InitActionbar() override;
+    bool PostStartPlugin() override;
+    bool PreClosePlugin() override;
+
+private slots:
+    void onNewMeasurementValue();
+
+    // The workers of the actions: one argument and one result, both QVariant.
+    QVariant onZero(QVariant data);
+    QVariant onTare(QVariant data);
+    QVariant onClearTare(QVariant data);
+    QVariant onPrintModeToggled(QVariant data);
+
+private:
+    Brimvale::MesswertData readRegister(int registerNumber) const;
+    void showSettings();
+    void showReading(Brimvale::MesswertData current);
+    void servePrintRequest(const Brimvale::MesswertData& current);
+    void translateTexts();
+
+    template <typename Action>
+    Action* makeAction(const QString& uid, const char* worker);
+
+    bool m_printOnlyStable = true;
+    double m_minimumWeight = 0.0;
+    Brimvale::MesswertData m_previous;
+    int m_transferCount = 0;
+
+    // What lives from start to close: null in between, unlike the base's own pointers. The base deletes the view model,
+    // and m_pluginObject with all the others.
+    QPointer<WeighingViewModel> m_weighingModel;
+    QPointer<Brimvale::ActionBase> m_zeroAction;
+    QPointer<Brimvale::ActionBase> m_tareAction;
+    QPointer<Brimvale::ActionBase> m_clearTareAction;
+    QPointer<Brimvale::ActionBaseToggle> m_printModeAction;
+    QPointer<Brimvale::InfoboxListItem> m_grossItem;
+    QPointer<Brimvale::InfoboxListItem> m_tareItem;
+    QPointer<Brimvale::InfoboxListItem> m_countItem;
+};
+
+#endif
