@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef BRIMVALE_HOST_H
+#define BRIMVALE_HOST_H
+
+#include "host/ActionBar.h"
+#include "host/AddonHost.h"
+#include "host/ApprovedMode.h"
+#include "host/CalibrationService.h"
+#include "host/HostCallLog.h"
+#include "host/HostMenuList.h"
+#include "host/HostRangeSwitch.h"
+#include "host/InfoBox.h"
+#include "host/LifecycleObserver.h"
+#include "host/MSWParameterSource.h"
+#include "host/MeasurementObserver.h"
+#include "host/MeasurementTransfer.h"
+#include "host/Notices.h"
+#include "host/PluginController.h"
+#include "host/PluginHost.h"
+#include "host/PrintIndicator.h"
+#include "host/ProtocolMenuFactory.h"
+#include "host/ProtocolPool.h"
+#include "host/RegisterValueProvider.h"
+#include "host/SensorState.h"
+#include "host/Sequencer.h"
+#include "host/StatusInfo.h"
+#include "host/StoredParameters.h"
+#include "host/System.h"
+#include "host/SystemRegisters.h"
+#include "host/ViewHost.h"
+#include "host/Weighing.h"
+#include "host/WeighingParameterService.h"
+#include "host/WeighingParameterSets.h"
+#include "host/WorkflowManager.h"
+#include "loading/PluginManager.h"
+
+#include <QObject>
+#include <QPointer>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+class Clock;
+class Scale;
+class ScreenHost;
+
+/// How a host is set up.
+struct HostSettings
+{
+    QString parameterFile; ///< INI file of the stored parameters; empty keeps them in memory.
+    QString transferLog; ///< File of the transfer log (output 1), "-" for standard output; empty: no output.
+    QString owner = QStringLiteral("user"); ///< Owner text of stored parameters and action bars.
+    QString logPrefix =
+        QStringLiteral("brimvale-terminal"); ///< Begins the log line of a started application.
+    int approvedModes = 0;                   ///< Bits of IApprovedMode::Mode.
+    int callLogCapacity = HostCallLog::DefaultCapacity;
+};
+
+/// The host: all services that plug-ins reach, the plug-ins, and what the terminal shows of both.
+///
+/// Whoever shows the terminal reads the state here and listens to the signals; what the person does is told here.
+///
+/// A life: construct; connect notice() and the other signals; plugins().load(...); plugins().activate(...); run the
+/// event loop; plugins().closeAll(); destroy. Scale, clock and screen host must outlive it. Everything happens on the
+/// thread of the event loop.
+///
+/// An exception from a plug-in is caught wherever the host calls it directly. One that leaves a slot called by the event loop
+/// (a timer of the plug-in, a queued signal, QML) passes the host by: the application's notify() catches it and tells
+/// reportException().
+class Host : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(Host)
+
+public:
+    Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& settings = {},
+         QObject* parent = nullptr);
+    ~Host() override;
+
+    // The parts.
+    HostCallLog& calls() { return m_calls; }
+    Notices& notices() { return m_notices; }
+    StoredParameters& storedParameters() { return m_storedParameters; }
+    System& system() { return m_system; }
+    ViewHost& view() { return m_view; }
+    ActionBar& actionBar() { return m_actionBar; }
+    Weighing& weighing() { return m_weighing; }
+    RegisterValueProvider& registerValues() { return m_registerValueProvider; }
+    MeasurementTransfer& measurementTransfer() { return m_measurementTransfer; }
+    MeasurementObserver& measurementObserver() { return m_measurementObserver; }
+    MSWParameterSource& mswParameterSource() { return m_mswParameterSource; }
+    WeighingParameterService& weighingParameters() { return m_weighingParameterService; }
+    HostRangeSwitch& rangeSwitch() { return m_rangeSwitch; }
+    WorkflowManager& workflowManager() { return m_workflowManager; }
+    PrintIndicator& printIndicator() { return m_printIndicator; }
+    ProtocolPool& protocolPool() { return m_protocolPool; }
+    PluginController& controller() { return m_controller; }
+    Sequencer& sequencer() { return m_sequencer; }
+    PluginManager& plugins() { return m_plugins; }
+
+    // What is shown.
+
+    /// The buttons of the active plug-in from left to right.
+    QVector<ActionState> actions() const { return m_actionBar.actions(); }
+    /// Whether the print button can be pressed: the transfer is switched on, an output is active, and the plug-in has
+    /// not switched its button off.
+    bool isPrintEnabled() const { return m_printEnabled; }
+    /// The lines of the info area.
+    QList<QObject*> infoItems() const { return m_infoBox.items(); }
+    /// The display model of the active plug-in: what the property "messwertInfo" of an object that it published holds.
+    /// Null when there is none; the terminal then shows its own.
+    QObject* display() const { return m_display; }
+    /// The warnings of the active plug-in: what the invokable "warnInfo()" of an object that it published returns. Null
+    /// when there is none.
+    QObject* warnings() const { return m_warnings; }
+    /// Whether a control application has the whole terminal.
+    bool isControlMode() const { return m_controller.isControlMode(); }
+
+    bool isLevelled() const { return m_sensorState.isLevelled(); }
+    bool isCalibrationDue() const { return m_calibrationService.isDue(); }
+
+    // What the person and the bench do.
+
+    void setLevelled(bool levelled);
+    void setCalibrationDue(bool due);
+
+    /// Presses a button of the action bar. Returns false when there is none of that uid or it is disabled.
+    bool pressAction(const QString& uid) { return m_actionBar.press(uid); }
+
+    /// Presses the print button. With an active plug-in its slot onDoPrint() is called; without one the terminal
+    /// transfers its own reading. Returns false when the button is disabled.
+    bool pressPrint();
+
+    /// Switches the language ("en", "de") of the texts that the host and the plug-ins supply. The translations of the
+    /// terminal itself are to be installed before.
+    void setLanguage(const QString& language);
+
+    /// Connects an output to the place @p number (1 to 5); null disconnects what is there.
+    void setOutput(int number, std::unique_ptr<TransferOutput> output);
+
+    /// An exception of plug-in code reached the event loop; @p exception is currentExceptionText().
+    void reportException(const QString& exception);
+
+signals:
+    /// Something to tell the person.
+    void notice(Brimvale::Terminal::NoticeSeverity severity, const QString& text);
+    void actionsChanged();
+    void printEnabledChanged(bool enabled);
+    /// The print indicator lights up or goes out.
+    void printIndicatorChanged(bool lit);
+    void infoItemsChanged();
+    void displayChanged(QObject* display);
+    void warningsChanged(QObject* warnings);
+    void activePluginChanged();
+    /// Names, states or number of the plug-ins have changed.
+    void pluginsChanged();
+    void controlModeChanged(bool control);
+    void levelledChanged(bool levelled);
+    void calibrationDueChanged(bool due);
+    /// A measurement was handed over for the outputs.
+    void transferred(const Brimvale::Terminal::TransferRecord& record);
+
+private:
+    void onReleased();
+    void onFault(const PluginFault& fault);
+    void updateModels();
+    void setModels(QObject* display, QObject* warnings);
+    void onPrintButtonEnableChange(bool enable);
+    void setPrintEnabled(bool enabled);
+    void disconnectFrom(QObject* receiver);
+
+    // In the order of their construction: what a part needs stands before it.
+    HostCallLog m_calls;
+    Notices m_notices;
+    StoredParameters m_storedParameters;
+    StatusInfo m_statusInfo;
+    ApprovedMode m_approvedMode;
+    SensorState m_sensorState;
+    CalibrationService m_calibrationService;
+    Weighing m_weighing;
+    SystemRegisters m_systemRegisters;
+    RegisterValueProvider m_registerValueProvider;
+    MeasurementTransfer m_measurementTransfer;
+    MeasurementObserver m_measurementObserver;
+    PrintIndicator m_printIndicator;
+    HostRangeSwitch m_rangeSwitch;
+    WeighingParameterService m_weighingParameterService;
+    MSWParameterSource m_mswParameterSource;
+    AddonHost m_addonHost;
+    ActionBar m_actionBar;
+    InfoBox m_infoBox;
+    WorkflowManager m_workflowManager;
+    PluginController m_controller;
+    Sequencer m_sequencer;
+    PluginHost m_pluginHost;
+    ProtocolPool m_protocolPool;
+    ProtocolMenuFactory m_protocolMenuFactory;
+    LifecycleObserver m_lifecycleObserver;
+    ViewHost m_view;
+    System m_system;
+    HostMenuList m_menuList;
+    WeighingParameterSets m_weighingParameterSets;
+    PluginManager m_plugins;
+
+    bool m_printEnabled = false;
+    QPointer<QObject> m_display;
+    QPointer<QObject> m_warnings;
+};
+
+} // namespace Terminal
+} // namespace Brimvale
+
+#endif // BRIMVALE_HOST_H

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef BRIMVALE_TRANSFERLOG_H
+#define BRIMVALE_TRANSFERLOG_H
+
+#include "host/TransferTarget.h"
+
+#include <QFile>
+#include <QString>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+class Notices;
+
+/// The output that writes every measurement as a line of comma-separated values to a file or to standard output:
+///
+///     time,value,unit,state,kind,gross,tare,error
+///     2026-01-01T08:00:05.200Z,36.4,g,stable,net,100.0,63.6,
+///
+/// `state` is "stable" or "unstable", `kind` is "net" or "gross". A reading without a weight has an empty value and its
+/// error. A text with a comma, quote or line break is quoted, quotes in it doubled. A new or empty file begins with the
+/// line of names; an existing one is continued. Every line is written out at once.
+class TransferLog : public TransferOutput
+{
+public:
+    /// @param file name of the file; "-" is standard output. A file that cannot be opened is reported; the output is
+    ///             then inactive.
+    TransferLog(Notices& notices, const QString& file);
+    ~TransferLog() override;
+    Q_DISABLE_COPY(TransferLog)
+
+    bool isActive() const override;
+    bool write(const TransferRecord& record) override;
+
+private:
+    bool writeLine(const QStringList& fields);
+
+    Notices& m_notices;
+    QFile m_file;
+};
+
+} // namespace Terminal
+} // namespace Brimvale
+
+#endif // BRIMVALE_TRANSFERLOG_H

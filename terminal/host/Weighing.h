@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef BRIMVALE_WEIGHING_H
+#define BRIMVALE_WEIGHING_H
+
+#include "IWeighing.h"
+#include "measuring/Scale.h"
+
+#include <QObject>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+class HostCallLog;
+class Notices;
+
+/// The scale as plug-ins see it.
+///
+/// NotifyNewMeasurementValue() comes for every reading of the source, those without a weight included (ask
+/// `IRegisterValueProvider::GetMesswert()` what it is), and once more when zero, tare or clearing the tare changes the
+/// weight between two readings. A refused operation is reported with its reason.
+class Weighing : public QObject, public IWeighing
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(Weighing)
+
+public:
+    /// @param scale not owned, must outlive the object.
+    Weighing(HostCallLog& calls, Notices& notices, Scale& scale, QObject* parent = nullptr);
+
+    // IWeighing
+    bool Tare() override;
+    bool Zero() override;
+    bool ClearTare() override;
+
+    // The same for the terminal's own buttons.
+    bool tare();
+    bool zero();
+    bool clearTare();
+
+signals:
+    /// A stable value has been reached. @p stableCounter counts them, @p netDigits is in digits of the gram reading.
+    void NotifyLoadChanged(int stableCounter, double netDigits);
+    /// A value is ready in register 74.
+    void NotifyNewMeasurementValue();
+
+private:
+    /// What a plug-in could have read at the last NotifyNewMeasurementValue().
+    struct Snapshot
+    {
+        Reading::Status status = Reading::Status::Disconnected;
+        double gross = 0.0;
+        double tare = 0.0;
+        bool stable = false;
+        bool coarse = false;
+        bool presetTare = false;
+    };
+
+    Snapshot snapshot() const;
+    void onNewMeasurement();
+    void onLoadChanged(int stableCounter, double netDigits);
+    void onStateChanged();
+    void announceValue();
+    bool report(bool done, const QString& operation);
+
+    HostCallLog& m_calls;
+    Notices& m_notices;
+    Scale& m_scale;
+    Snapshot m_announced;
+};
+
+} // namespace Terminal
+} // namespace Brimvale
+
+#endif // BRIMVALE_WEIGHING_H
