@@ -75,7 +75,9 @@ public:
     void doAction(QVariant data) override;
 
 signals:
+    /// Name, state or rank have changed.
     void actionUpdated() override;
+    /// The work was done with the result `data`, see `doAction()`.
     void workDone(QVariant data) override;
 
 private:

@@ -38,18 +38,22 @@ public:
 
     /// The text of the levelling warning, translated.
     QString levellingRequiredText() const;
+    /// Sets the text of the levelling warning.
     void setLevellingRequiredText(QString text);
 
     /// The text of the calibration warning, as the host's calibration service gives it.
     QString calibrationRequiredText() const;
+    /// Sets the text of the calibration warning.
     void setCalibrationRequiredText(QString text);
 
     /// Whether the levelling warning is shown.
     bool levellingRequiredVisible() const;
+    /// Shows or hides the levelling warning.
     void setLevellingRequiredVisible(bool visible);
 
     /// Whether the calibration warning is shown.
     bool calibrationRequiredVisible() const;
+    /// Shows or hides the calibration warning.
     void setCalibrationRequiredVisible(bool visible);
 
     /// Translates "Levelling required" again, after a change of language. The change is announced only while the
