@@ -3,9 +3,10 @@
 #include "QsLog.h"
 
 #include <QDateTime>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QVector>
+
+#include <mutex>
+#include <utility>
 
 namespace QsLogging
 {
@@ -16,7 +17,7 @@ namespace
 struct Destinations
 {
     // Recursive, so that a destination may itself log.
-    QRecursiveMutex mutex;
+    std::recursive_mutex mutex;
     QVector<DestinationPtr> list;
 };
 
@@ -57,7 +58,7 @@ void Logger::destroyInstance()
     QVector<DestinationPtr> released;
     {
         Destinations& shared = destinations();
-        const QMutexLocker locker(&shared.mutex);
+        const std::lock_guard<std::recursive_mutex> lock(shared.mutex);
         released.swap(shared.list);
         s_instance.setLoggingLevel(InfoLevel);
         s_instance.setIncludeTimestamp(true);
@@ -71,14 +72,14 @@ void Logger::addDestination(DestinationPtr destination)
     if (!destination || !destination->isValid())
         return;
     Destinations& shared = destinations();
-    const QMutexLocker locker(&shared.mutex);
+    const std::lock_guard<std::recursive_mutex> lock(shared.mutex);
     shared.list.append(std::move(destination));
 }
 
 void Logger::write(const QString& text, Level level) noexcept
 try {
     Destinations& shared = destinations();
-    const QMutexLocker locker(&shared.mutex);
+    const std::lock_guard<std::recursive_mutex> lock(shared.mutex);
     // A copy, since a destination may add another one while it writes.
     const QVector<DestinationPtr> list = shared.list;
     if (list.isEmpty())
