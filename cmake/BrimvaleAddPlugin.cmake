@@ -64,12 +64,20 @@ function(brimvale_add_plugin name)
     target_link_libraries(${name} PRIVATE Brimvale::SharedLibs Qt5::Core ${arg_LIBRARIES})
 
     if(arg_TRANSLATIONS)
-        _brimvale_embed_translations(${name} ${arg_TRANSLATIONS})
+        brimvale_embed_translations(${name} ${arg_TRANSLATIONS})
     endif()
 endfunction()
 
-# Compiles the .ts files and embeds the results below :/translations/.
-function(_brimvale_embed_translations name)
+# Compiles translations and embeds them in a target as :/translations/<file>.qm. brimvale_add_plugin() calls it.
+#
+#   brimvale_embed_translations(<target> <file.ts>...)
+#
+# In a static library the resource is initialised with Q_INIT_RESOURCE(<target>_translations).
+function(brimvale_embed_translations name)
+    if(NOT ARGN)
+        message(FATAL_ERROR "brimvale_embed_translations(${name}): no .ts file is given")
+    endif()
+    brimvale_require_files("brimvale_embed_translations(${name})" ${ARGN})
     find_package(Qt5 5.15 REQUIRED COMPONENTS LinguistTools)
     set(directory "${CMAKE_CURRENT_BINARY_DIR}/${name}_translations")
     file(MAKE_DIRECTORY "${directory}")

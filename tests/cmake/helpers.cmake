@@ -54,6 +54,9 @@ expect_refusal("brimvale_add_plugin(p SOURCES a.cpp METADATA list.json)"
 expect_refusal("brimvale_add_plugin(p SOURCES a.cpp METADATA broken.json)"
     "${WORK_DIR}/broken.json is no JSON object")
 
+expect_refusal("brimvale_embed_translations(p)" "brimvale_embed_translations(p): no .ts file is given")
+expect_refusal("brimvale_embed_translations(p p_de.ts)" "there is no file ${WORK_DIR}/p_de.ts")
+
 expect_refusal("brimvale_add_benchmark(NAME b)" "brimvale_add_benchmark: the argument SOURCES is missing")
 expect_refusal("brimvale_add_benchmark(NAME b SOURCES a.cpp TIMEOUT 3)"
     "there is no file ${WORK_DIR}/TIMEOUT")
