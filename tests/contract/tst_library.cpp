@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSet>
+#include <QtTest>
+
+// What the built library shows to the linker: the symbols it exports and the libraries it needs.
+
+namespace
+{
+
+// Standard output of a program, in lines. Empty when it cannot be run or fails.
+QStringList outputOf(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+        return {};
+    return QString::fromLocal8Bit(process.readAllStandardOutput())
+        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QStringList sorted(const QSet<QString>& set)
+{
+    QStringList list = set.values();
+    list.sort();
+    return list;
+}
+
+} // namespace
+
+class TestLibrary : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void exportsPublicClassesOnly();
+    void everyPolymorphicClassIsInTheTableOfSlots();
+    void nameBearsTheMajorVersion();
+    void needsRuntimesQtCoreAndLoggerOnly();
+
+private:
+    QStringList m_symbols;
+    QStringList m_dynamic;
+};
+
+void TestLibrary::initTestCase()
+{
+    const QString library = QStringLiteral(LIBRARY);
+    m_symbols =
+        outputOf(QStringLiteral(NM), {QStringLiteral("-DC"), QStringLiteral("--defined-only"), library});
+    QVERIFY2(!m_symbols.isEmpty(), NM " lists no symbols of " LIBRARY);
+    m_dynamic = outputOf(QStringLiteral(READELF), {QStringLiteral("-dW"), library});
+    QVERIFY2(!m_dynamic.isEmpty(), READELF " lists nothing of " LIBRARY);
+}
+
+void TestLibrary::exportsPublicClassesOnly()
+{
+    QSet<QString> classes;
+    for (const QString& header : QDir(QStringLiteral(HEADERS)).entryList({QStringLiteral("*.h")}))
+        classes.insert(header.chopped(2));
+
+    // "0000000000022c1e T Brimvale::Utility::Round(double)"
+    static const QRegularExpression entry(QStringLiteral("^[0-9a-f]+ (\\w) (.*)$"));
+    static const QRegularExpression owner(QStringLiteral(
+        "^(?:vtable for |typeinfo for |typeinfo name for |(?:non-virtual|covariant return) thunk to )?"
+        "Brimvale::(?|(\\w+)(?:::.*)?|operator(?:<<|>>)\\(QTextStream&, Brimvale::(\\w+)(?: const)?&\\))$"));
+    QStringList foreign;
+    for (const QString& line : m_symbols) {
+        const QRegularExpressionMatch symbol = entry.match(line);
+        QVERIFY2(symbol.hasMatch(), qPrintable(line));
+        // A build without optimisation holds copies of inline functions of Qt, whose classes are visible.
+        const bool copyOfQt =
+            symbol.captured(1) == QLatin1String("W") && symbol.captured(2).startsWith(QLatin1Char('Q'));
+        if (!copyOfQt && !classes.contains(owner.match(symbol.captured(2)).captured(1)))
+            foreign.append(symbol.captured(2));
+    }
+    QVERIFY2(foreign.isEmpty(),
+             qPrintable(QStringLiteral("also exported: ") + foreign.join(QStringLiteral("; "))));
+}
+
+void TestLibrary::everyPolymorphicClassIsInTheTableOfSlots()
+{
+    QSet<QString> exported;
+    for (const QString& symbol : m_symbols) {
+        const int begin = symbol.indexOf(QLatin1String("vtable for Brimvale::"));
+        if (begin >= 0)
+            exported.insert(symbol.mid(symbol.lastIndexOf(QLatin1Char(':')) + 1));
+    }
+
+    QFile table(QStringLiteral(VTABLES));
+    QVERIFY(table.open(QIODevice::ReadOnly | QIODevice::Text));
+    QSet<QString> listed;
+    static const QRegularExpression head(QStringLiteral("^(\\w+)"));
+    for (const QByteArray& line : table.readAll().split('\n')) {
+        const QString name = head.match(QString::fromUtf8(line)).captured(1);
+        if (!name.isEmpty() && name != QLatin1String("QObject"))
+            listed.insert(name);
+    }
+
+    const QString missing = sorted(exported - listed).join(QStringLiteral(", "));
+    QVERIFY2(missing.isEmpty(), qPrintable(QStringLiteral("add to " VTABLES ": ") + missing));
+    const QString gone = sorted(listed - exported).join(QStringLiteral(", "));
+    QVERIFY2(gone.isEmpty(), qPrintable(QStringLiteral("the library exports no table of: ") + gone));
+}
+
+void TestLibrary::nameBearsTheMajorVersion()
+{
+    const QStringList names = m_dynamic.filter(QStringLiteral("(SONAME)"));
+    QCOMPARE(names.size(), 1);
+    QVERIFY2(names.first().endsWith(QLatin1String("[libSharedLibs.so.1]")), qPrintable(names.first()));
+}
+
+void TestLibrary::needsRuntimesQtCoreAndLoggerOnly()
+{
+    static const QRegularExpression needed(QStringLiteral("\\(NEEDED\\).*\\[(.*)\\]"));
+    QSet<QString> libraries;
+    for (const QString& line : m_dynamic) {
+        const QRegularExpressionMatch match = needed.match(line);
+        if (match.hasMatch())
+            libraries.insert(match.captured(1).section(QStringLiteral(".so"), 0, 0));
+    }
+    const QSet<QString> used{QStringLiteral("libQt5Core"), QStringLiteral("libQsLog")};
+    QCOMPARE(sorted(used - libraries), QStringList());
+    const QSet<QString> runtimes{QStringLiteral("libstdc++"), QStringLiteral("libm"),
+                                 QStringLiteral("libgcc_s"), QStringLiteral("libc")};
+    QCOMPARE(sorted(libraries - used - runtimes), QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestLibrary)
+#include "tst_library.moc"
