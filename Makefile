@@ -43,7 +43,7 @@ bench:
 	$(SETUP) --group bench
 	cmake --preset bench
 	cmake --build --preset bench --parallel $(JOBS)
-	@set -e; for benchmark in build/bench/benchmarks/bench_*; do \
+	@set -e; for benchmark in build/bench/bin/bench_*; do \
 		echo "== $${benchmark##*/}"; "$$benchmark" $(BENCH_ARGS); \
 	done
 

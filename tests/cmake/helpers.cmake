@@ -58,5 +58,6 @@ expect_refusal("brimvale_embed_translations(p)" "brimvale_embed_translations(p):
 expect_refusal("brimvale_embed_translations(p p_de.ts)" "there is no file ${WORK_DIR}/p_de.ts")
 
 expect_refusal("brimvale_add_benchmark(NAME b)" "brimvale_add_benchmark: the argument SOURCES is missing")
-expect_refusal("brimvale_add_benchmark(NAME b SOURCES a.cpp TIMEOUT 3)"
+expect_refusal("brimvale_add_benchmark(NAME bench_b SOURCES a.cpp TIMEOUT 3)"
     "there is no file ${WORK_DIR}/TIMEOUT")
+expect_refusal("brimvale_add_benchmark(NAME b SOURCES a.cpp)" "the name b does not begin with bench_")
