@@ -83,6 +83,9 @@ public:
     /// reported; it was pressed all the same.
     bool press(const QString& uid);
 
+    /// What Refresh() does, for the terminal itself.
+    void refresh();
+
     /// Removes all actions and entries and enables the bar.
     void clear();
 
@@ -92,6 +95,7 @@ signals:
 
 private slots:
     void onActionUpdated();
+    void onActionDestroyed();
 
 private:
     struct Item
@@ -103,8 +107,7 @@ private:
     };
 
     void read(Item& item);
-    void rearrange();
-    void onActionDestroyed(QObject* object);
+    void arrange();
 
     HostCallLog& m_calls;
     Notices& m_notices;

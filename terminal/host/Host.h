@@ -2,6 +2,7 @@
 #ifndef BRIMVALE_HOST_H
 #define BRIMVALE_HOST_H
 
+#include "WeighingParameters.h"
 #include "host/ActionBar.h"
 #include "host/AddonHost.h"
 #include "host/ApprovedMode.h"
@@ -30,7 +31,6 @@
 #include "host/ViewHost.h"
 #include "host/Weighing.h"
 #include "host/WeighingParameterService.h"
-#include "host/WeighingParameterSets.h"
 #include "host/WorkflowManager.h"
 #include "loading/PluginManager.h"
 
@@ -78,6 +78,10 @@ public:
     Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& settings = {},
          QObject* parent = nullptr);
     ~Host() override;
+
+    /// What of the settings could not be carried out, one whole message each: the file of the stored parameters could
+    /// not be read, the transfer log not be opened. Empty when all is well.
+    QStringList setupErrors() const { return m_setupErrors; }
 
     // The parts.
     HostCallLog& calls() { return m_calls; }
@@ -166,10 +170,10 @@ private:
     void onReleased();
     void onFault(const PluginFault& fault);
     void updateModels();
-    void setModels(QObject* display, QObject* warnings);
     void onPrintButtonEnableChange(bool enable);
     void setPrintEnabled(bool enabled);
-    void disconnectFrom(QObject* receiver);
+    void onTransferAvailabilityChanged();
+    void disconnectServices(QObject* receiver);
 
     // In the order of their construction: what a part needs stands before it.
     HostCallLog m_calls;
@@ -201,10 +205,11 @@ private:
     ViewHost m_view;
     System m_system;
     HostMenuList m_menuList;
-    WeighingParameterSets m_weighingParameterSets;
+    WeighingParameters m_weighingParameters;
     PluginManager m_plugins;
 
     bool m_printEnabled = false;
+    QStringList m_setupErrors;
     QPointer<QObject> m_display;
     QPointer<QObject> m_warnings;
 };

@@ -2,6 +2,7 @@
 #ifndef BRIMVALE_HOSTCALLLOG_H
 #define BRIMVALE_HOSTCALLLOG_H
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QtGlobal>
@@ -14,6 +15,10 @@ class QObject;
 namespace Brimvale
 {
 
+class IAction;
+class IPrintableItem;
+class IStepFunction;
+class ITrigger;
 class MesswertData;
 
 namespace Terminal
@@ -23,8 +28,9 @@ namespace Terminal
 /// asked for and a script can expect it.
 ///
 /// A call is written as `IActionbar::SetEntry(0, 0)`: interface, operation, arguments. Texts are quoted, and cut after
-/// MaximumTextLength characters; an object is its object name or its class, or `null`; a measured value is
-/// `{36.4 g}`, or `{Overload}` for a reading without a weight.
+/// MaximumTextLength characters. An object is its object name or its class, or `null`; an action, step function, print
+/// item or trigger is its class with its uid, `ActionBase("weighing.tare")`. A measured value is
+/// `MesswertData("36.4 g")`, or `MesswertData("Overload")` when it bears an error. A list is `[1, 2]`.
 ///
 /// The log is bounded. The newest calls that only ask for something and the newest that bring something about are
 /// kept, `capacity` of each, so that a display that reads the weight a hundred times a second does not push out what
@@ -80,7 +86,20 @@ private:
     static QString toText(double value);
     static QString toText(const QString& value);
     static QString toText(const QObject* object);
+    static QString toText(const IAction* action);
+    static QString toText(const IPrintableItem* item);
+    static QString toText(const IStepFunction* function);
+    static QString toText(const ITrigger* trigger);
     static QString toText(const MesswertData& value);
+    template <typename T>
+    static QString toText(const QList<T>& values)
+    {
+        QStringList texts;
+        for (const T& value : values) {
+            texts.append(toText(value));
+        }
+        return QLatin1Char('[') + texts.join(QLatin1String(", ")) + QLatin1Char(']');
+    }
     static QString text(const char* operation, const QStringList& arguments);
     void add(std::deque<Entry>& calls, const QString& call);
 

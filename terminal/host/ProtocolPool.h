@@ -3,9 +3,9 @@
 #define BRIMVALE_PROTOCOLPOOL_H
 
 #include "IProtocolPool.h"
+#include "host/OfferedList.h"
 
 #include <QList>
-#include <QtGlobal>
 
 namespace Brimvale
 {
@@ -23,21 +23,18 @@ public:
     Q_DISABLE_COPY(ProtocolPool)
 
     // IProtocolPool
-    /// Null and what is there already are ignored.
     void AddItem(IPrintableItem* item) override;
     void RemoveItem(IPrintableItem* item) override;
     void AddTrigger(ITrigger* trigger) override;
     void RemoveTrigger(ITrigger* trigger) override;
 
-    const QList<IPrintableItem*>& items() const { return m_items; }
-    const QList<ITrigger*>& triggers() const { return m_triggers; }
-    /// The plug-in has gone and its items and triggers with it.
-    void clear();
+    QList<IPrintableItem*> items() const { return m_items.list(); }
+    QList<ITrigger*> triggers() const { return m_triggers.list(); }
 
 private:
     HostCallLog& m_calls;
-    QList<IPrintableItem*> m_items;
-    QList<ITrigger*> m_triggers;
+    OfferedList<IPrintableItem> m_items;
+    OfferedList<ITrigger> m_triggers;
 };
 
 } // namespace Terminal

@@ -14,36 +14,37 @@ namespace Brimvale
 namespace Terminal
 {
 
-class Notices;
-
 /// The stored parameters: texts under owner, profile, menu file and index.
 ///
-/// They are kept in an INI file with the key `<owner>/<profile>/<menu file>/<index>` (the owner is the section), or in
-/// memory when there is no file name. A value is written to the file when it is set. A file that cannot be read as INI
-/// is reported and never written, so that nothing in it is lost; its readable values are used.
+/// They are kept in an INI file (UTF-8) with the key `<owner>/<profile>/<menu file>/<index>`, the owner being the
+/// section, or in memory when there is no file name. A value is written to the file when it is set. A file that cannot
+/// be read is never written, so that nothing in it is lost; see error().
 class StoredParameters
 {
 public:
     /// @param file the INI file, which need not exist; empty keeps the values in memory.
-    StoredParameters(Notices& notices, const QString& file);
+    explicit StoredParameters(const QString& file);
     ~StoredParameters();
     Q_DISABLE_COPY(StoredParameters)
+
+    /// Why the file could not be read, with what to do about it; empty when it could or need not.
+    QString error() const { return m_error; }
 
     /// The stored value, or @p defaultValue when none is stored.
     QString value(const QString& menuFile, const QString& owner, const QString& profile,
                   const QString& defaultValue, int index) const;
 
-    /// Stores a value. Returns false, after a report, when it could not be written.
+    /// Stores a value. Returns false, with the reason in @p error, when the file cannot be written; the value then holds
+    /// for this run only.
     bool setValue(const QString& menuFile, const QString& owner, const QString& profile, int index,
-                  const QString& value);
+                  const QString& value, QString* error = nullptr);
 
 private:
     static QString key(const QString& menuFile, const QString& owner, const QString& profile, int index);
 
-    Notices& m_notices;
     std::unique_ptr<QSettings> m_settings; ///< Null: in memory.
-    bool m_readOnly = false;
-    QMap<QString, QString> m_values;
+    QMap<QString, QString> m_values;       ///< What is not in the file.
+    QString m_error;
 };
 
 } // namespace Terminal

@@ -6,13 +6,12 @@
 
 #include <QFile>
 #include <QString>
+#include <QStringList>
 
 namespace Brimvale
 {
 namespace Terminal
 {
-
-class Notices;
 
 /// The output that writes every measurement as a line of comma-separated values to a file or to standard output:
 ///
@@ -25,20 +24,22 @@ class Notices;
 class TransferLog : public TransferOutput
 {
 public:
-    /// @param file name of the file; "-" is standard output. A file that cannot be opened is reported; the output is
-    ///             then inactive.
-    TransferLog(Notices& notices, const QString& file);
+    /// @param file name of the file; "-" is standard output. With one that cannot be opened the output is inactive, and
+    ///             error() tells why.
+    explicit TransferLog(const QString& file);
     ~TransferLog() override;
     Q_DISABLE_COPY(TransferLog)
 
     bool isActive() const override;
     bool write(const TransferRecord& record) override;
+    QString error() const override { return m_error; }
 
 private:
     bool writeLine(const QStringList& fields);
+    void fail();
 
-    Notices& m_notices;
     QFile m_file;
+    QString m_error;
 };
 
 } // namespace Terminal

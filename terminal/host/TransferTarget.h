@@ -4,7 +4,7 @@
 
 #include "ITransferTarget.h"
 
-#include <QtGlobal>
+#include <QString>
 
 #include <memory>
 
@@ -27,6 +27,9 @@ public:
 
     /// Takes a measurement. Returns false, and is inactive from then on, when it failed.
     virtual bool write(const TransferRecord& record) = 0;
+
+    /// Why it is not active, with what to do about it; empty when nothing has failed.
+    virtual QString error() const { return QString(); }
 };
 
 /// One of the five places where an output can be connected. Without an output it is not active.

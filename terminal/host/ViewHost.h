@@ -72,8 +72,6 @@ private:
         QPointer<QObject> object;
     };
 
-    void setScreen(const QUrl& screen);
-
     HostCallLog& m_calls;
     Notices& m_notices;
     ScreenHost& m_screenHost;

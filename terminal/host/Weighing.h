@@ -49,20 +49,22 @@ private:
     /// What a plug-in could have read at the last NotifyNewMeasurementValue().
     struct Snapshot
     {
-        Reading::Status status = Reading::Status::Disconnected;
-        double gross = 0.0;
-        double tare = 0.0;
-        bool stable = false;
-        bool coarse = false;
-        bool presetTare = false;
+        Reading::Status status;
+        double gross;
+        double tare;
+        bool stable;
+        bool coarse;
+        bool presetTare;
+        int decimals;
+
+        bool operator==(const Snapshot& other) const;
     };
 
     Snapshot snapshot() const;
-    void onNewMeasurement();
+    void announceValue();
     void onLoadChanged(int stableCounter, double netDigits);
     void onStateChanged();
-    void announceValue();
-    bool report(bool done, const QString& operation);
+    bool reportRefusal(bool done);
 
     HostCallLog& m_calls;
     Notices& m_notices;

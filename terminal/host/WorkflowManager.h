@@ -3,6 +3,7 @@
 #define BRIMVALE_WORKFLOWMANAGER_H
 
 #include "IWfM.h"
+#include "host/OfferedList.h"
 
 #include <QList>
 #include <QObject>
@@ -33,9 +34,7 @@ public:
     void AbortWorkflow() override;
 
     /// The offered step functions in the order in which they came.
-    const QList<IStepFunction*>& stepFunctions() const { return m_stepFunctions; }
-    /// The plug-in has gone and its step functions with it.
-    void removeAllStepFunctions();
+    QList<IStepFunction*> stepFunctions() const { return m_stepFunctions.list(); }
 
 public slots:
     /// The plug-in says whether the print button is enabled.
@@ -47,7 +46,7 @@ signals:
 private:
     HostCallLog& m_calls;
     Notices& m_notices;
-    QList<IStepFunction*> m_stepFunctions;
+    OfferedList<IStepFunction> m_stepFunctions;
 };
 
 } // namespace Terminal

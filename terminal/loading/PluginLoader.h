@@ -36,6 +36,9 @@ enum class LoadStage
 /// The name of a stage as messages bear it: "file", "format", "processor", …
 QString loadStageName(LoadStage stage);
 
+/// The message of a failure: file, stage, cause (a half sentence) and what to do about it (a sentence).
+QString loadFailureMessage(const QString& file, LoadStage stage, const QString& cause, const QString& mend);
+
 /// What became of one plug-in.
 struct LoadResult
 {

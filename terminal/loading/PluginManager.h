@@ -29,7 +29,6 @@ namespace Terminal
 {
 
 class AddonHost;
-class HostCallLog;
 class LifecycleObserver;
 class PluginController;
 class Sequencer;
@@ -38,7 +37,6 @@ class ViewHost;
 /// What a PluginManager works with; nothing is owned, everything must outlive it.
 struct PluginEnvironment
 {
-    HostCallLog& calls;
     ISystem& system;
     ViewHost& view;
     IMenuList& menuList;
@@ -77,8 +75,9 @@ struct PluginFault
 {
     QString plugin; ///< Display name.
     QString file;
-    QString step;    ///< "InitPlugin", "StartPlugin", "PostStartAddons", "ClosePlugin", …
-    QString message; ///< Plug-in, step, cause and what to do about it, in one text.
+    QObject* object = nullptr; ///< Its object, which still exists.
+    QString step;              ///< "InitPlugin", "StartPlugin", "PostStartAddons", "ClosePlugin", …
+    QString message;           ///< Plug-in, step, cause and what to do about it, in one text.
 };
 
 /// Loads plug-ins and drives their lives: InitPlugin() once for each, then at most one active at a time.
@@ -90,9 +89,10 @@ struct PluginFault
 /// Start. The plug-in is active before StartPlugin() is called. After it returned true, PostStartAddons() follows.
 ///
 /// Faults. An exception or a false from an operation is reported by faultOccurred() with the names of plug-in and step.
-/// The plug-in is Failed from then on: what it published and offered is taken back and none of its operations is called
-/// any more; the others go on. A plug-in that does not notify its close within CloseTimeoutMs has failed too. All
-/// objects live until the manager is destroyed, so that late timers of a plug-in find theirs.
+/// A plug-in that had started is closed then; after that it is Failed: what it published and offered is taken back, and
+/// none of its operations is called any more. The others go on. A plug-in that does not notify its close within
+/// CloseTimeoutMs has failed too; one that has failed in ClosePlugin() is given FaultyCloseTimeoutMs. All objects live
+/// until the manager is destroyed, so that late timers of a plug-in find theirs.
 class PluginManager : public QObject, public IPluginManager
 {
     Q_OBJECT
@@ -100,6 +100,7 @@ class PluginManager : public QObject, public IPluginManager
 
 public:
     static constexpr int CloseTimeoutMs = 5000;
+    static constexpr int FaultyCloseTimeoutMs = 500;
 
     explicit PluginManager(const PluginEnvironment& environment, QObject* parent = nullptr);
 
@@ -118,11 +119,11 @@ public:
     /// read or has no plug-in is one failed result.
     QVector<LoadResult> loadFolder(const QString& folder);
 
-    /// Everything that was initialised, the failed ones included, in the order of loading.
+    /// Every plug-in of which an object was made, the failed ones included, in the order of loading.
     QVector<PluginInfo> plugins() const;
     int count() const { return static_cast<int>(m_plugins.size()); }
 
-    /// The index of the plug-in that bears the identifier; -1 for none.
+    /// The index of the plug-in that bears the identifier, one that has not failed if there is one; -1 for none.
     int indexOf(const QString& identifier) const;
 
     /// The index of the plug-in that is starting, running or closing; -1 for none.
@@ -134,8 +135,8 @@ public:
     /// Its display name, or an empty text.
     QString activeName() const;
 
-    /// Makes the plug-in @p index the active one, at once or after the active one has closed. Returns false, after
-    /// posting nothing, when there is no such plug-in or it has failed.
+    /// Makes the plug-in @p index the active one, at once or after the active one has closed. Returns false when there is
+    /// no such plug-in, or it has failed already or in this call.
     bool activate(int index);
     bool activate(const QString& identifier);
 
@@ -153,11 +154,8 @@ public:
 
     /// Installs the translations of all plug-ins for @p language ("de"): the file that `PluginTranslator()` finds under
     /// "<base name of the plug-in file>_<language>", for example ":/translations/weighing_de.qm" of weighing.so. A
-    /// plug-in without it stays in its source language. Then every plug-in translates its warnings again.
+    /// A plug-in without it stays in its source language. Then the running plug-in translates its warnings again.
     void setLanguage(const QString& language);
-
-    /// Takes the active plug-in out for a fault that showed outside of its life-cycle steps.
-    void failActive(const QString& step, const QString& cause);
 
 signals:
     /// plugins() has changed.
@@ -167,7 +165,7 @@ signals:
     /// A plug-in is about to be started; it is active already.
     void aboutToStart();
     /// The active plug-in is running.
-    void started();
+    void pluginStarted();
     /// What the active plug-in published and offered must be taken back now: it begins to close or has failed.
     void released();
     void faultOccurred(const Brimvale::Terminal::PluginFault& fault);
@@ -177,40 +175,42 @@ signals:
 private:
     struct Plugin
     {
-        QObject* object = nullptr;
-        IPlugin* plugin = nullptr;
+        QObject* object = nullptr; ///< Destroyed by the manager.
+        IPlugin* plugin = nullptr; ///< Null when the object has not the interface; it has failed then.
         QString file;
         QString canonicalFile;
         QString identifier;
         QString kind;
+        QString name;
+        QString icon;
         PluginState state = PluginState::Initialised;
         QString fault;
         std::unique_ptr<QTranslator> translator;
     };
 
-    LoadResult initialise(LoadResult loaded);
-    void start(int index);
+    Plugin& at(int index) const { return *m_plugins[static_cast<std::size_t>(index)]; }
+    void initialise(Plugin& plugin, LoadResult& result);
+    void proceed();
+    void start();
     void close();
+    void end();
     void onPluginClosing();
     void onPluginClosed();
     void onCloseTimeout();
-    void proceed();
-    void endActive();
-    void setState(Plugin& plugin, PluginState state);
-    void fail(int index, const QString& step, const QString& cause, const QString& mend);
+    void report(Plugin& plugin, const QString& step, const QString& cause, const QString& mend);
     void installTranslation(Plugin& plugin);
-    QString nameOf(const Plugin& plugin) const;
+    void readTexts(Plugin& plugin);
 
     const PluginEnvironment m_environment;
     std::vector<std::unique_ptr<Plugin>> m_plugins;
-    std::vector<QObject*> m_refused; ///< Objects of plug-ins that were not initialised.
-    int m_active = -1;
-    int m_next = -1;               ///< Waits for the active one to close.
-    bool m_closeAnnounced = false; ///< The closing plug-in has told that it begins to close.
-    bool m_closeFaulty = false;    ///< The last close was not without a fault.
-    bool m_proceedQueued = false;
-    QTimer m_closeTimer;
     QString m_language;
+    int m_active = -1;          ///< The plug-in that is starting, running or closing.
+    int m_wanted = -1;          ///< The plug-in that is to be active when everything has settled.
+    bool m_closeFaulty = false; ///< A plug-in had a fault while it closed.
+    // Of the plug-in that is closing:
+    bool m_released = false;      ///< It was told to begin to close.
+    bool m_closeNotified = false; ///< It has told that it has closed.
+    QTimer m_closeTimer;
 };
 
 } // namespace Terminal

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "host/ApprovedMode.h"
+
+#include "host/HostCallLog.h"
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+ApprovedMode::ApprovedMode(HostCallLog& calls, int modes)
+    : m_calls(calls)
+    , m_modes(modes)
+{
+}
+
+bool ApprovedMode::IsModeActive(int modeFlag)
+{
+    m_calls.query("IApprovedMode::IsModeActive", modeFlag);
+    return (m_modes & modeFlag) != 0;
+}
+
+} // namespace Terminal
+} // namespace Brimvale

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "host/Host.h"
+
+#include "ISystemRegister.h"
+#include "WarnInfo.h"
+#include "host/PluginGuard.h"
+#include "host/TransferLog.h"
+
+#include <QMetaMethod>
+#include <QVariant>
+
+#include <utility>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+namespace
+{
+
+constexpr int TransferLogTarget = 1;
+
+/// The display model that an object has in its property "messwertInfo"; null for none.
+QObject* displayOf(const QObject* object)
+{
+    QObject* display = nullptr;
+    // Code of the plug-in: that it fails is told when the screen reads the property.
+    exceptionOf([&] { display = object->property("messwertInfo").value<QObject*>(); });
+    return display;
+}
+
+/// The warnings that the invokable warnInfo() of an object returns; null for none. Authors write its type with or
+/// without the namespace, as the base class of plug-ins allows.
+QObject* warningsOf(QObject* object)
+{
+    const int index = object->metaObject()->indexOfMethod("warnInfo()");
+    if (index < 0) {
+        return nullptr;
+    }
+    const QMetaMethod method = object->metaObject()->method(index);
+    const QByteArray type = method.typeName();
+    if (type != "WarnInfo*" && type != "Brimvale::WarnInfo*") {
+        return nullptr;
+    }
+    WarnInfo* warnings = nullptr;
+    exceptionOf([&] {
+        method.invoke(object, Qt::DirectConnection, QGenericReturnArgument(type.constData(), &warnings));
+    });
+    return warnings;
+}
+
+} // namespace
+
+Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& settings, QObject* parent)
+    : QObject(parent)
+    , m_calls(settings.callLogCapacity)
+    , m_storedParameters(settings.parameterFile)
+    , m_statusInfo(m_calls, settings.owner, settings.logPrefix)
+    , m_approvedMode(m_calls, settings.approvedModes)
+    , m_sensorState(m_calls)
+    , m_calibrationService(m_calls)
+    , m_weighing(m_calls, m_notices, scale)
+    , m_systemRegisters(m_calls, scale)
+    , m_registerValueProvider(m_calls, scale)
+    , m_measurementTransfer(m_calls, m_notices, clock)
+    , m_measurementObserver(m_calls)
+    , m_printIndicator(m_calls, clock)
+    , m_rangeSwitch(m_calls, scale)
+    , m_weighingParameterService(m_calls)
+    , m_mswParameterSource(m_calls, m_storedParameters, m_statusInfo)
+    , m_addonHost(m_calls, m_notices)
+    , m_actionBar(m_calls, m_notices, m_storedParameters)
+    , m_infoBox(m_calls)
+    , m_workflowManager(m_calls, m_notices)
+    , m_controller(m_calls)
+    , m_sequencer(m_calls)
+    , m_pluginHost(m_calls, m_addonHost, m_sequencer)
+    , m_protocolPool(m_calls)
+    , m_protocolMenuFactory(m_calls, m_notices)
+    , m_lifecycleObserver(m_calls)
+    , m_view(m_calls, m_notices, screen)
+    , m_system(m_calls, m_notices,
+               SystemServices{m_addonHost,
+                              m_actionBar,
+                              m_sensorState,
+                              m_statusInfo,
+                              m_mswParameterSource,
+                              m_measurementTransfer,
+                              m_rangeSwitch,
+                              m_lifecycleObserver,
+                              m_weighingParameterService,
+                              m_controller,
+                              m_registerValueProvider,
+                              m_protocolMenuFactory,
+                              m_pluginHost,
+                              m_calibrationService,
+                              m_workflowManager,
+                              m_printIndicator,
+                              m_measurementObserver,
+                              m_systemRegisters,
+                              m_weighing,
+                              m_approvedMode,
+                              m_protocolPool,
+                              m_storedParameters,
+                              scale})
+    , m_menuList(m_storedParameters, m_statusInfo)
+    , m_weighingParameters(nullptr, &m_system, &m_menuList)
+    , m_plugins(PluginEnvironment{m_system, m_view, m_menuList, m_weighingParameters, m_infoBox, m_controller,
+                                  m_lifecycleObserver, m_sequencer, m_addonHost})
+{
+    m_menuList.initMenuListBase(&m_system);
+
+    if (!m_storedParameters.error().isEmpty()) {
+        m_setupErrors.append(m_storedParameters.error());
+    }
+    if (!settings.transferLog.isEmpty()) {
+        auto log = std::make_unique<TransferLog>(settings.transferLog);
+        if (!log->error().isEmpty()) {
+            m_setupErrors.append(log->error());
+        }
+        m_measurementTransfer.setOutput(TransferLogTarget, std::move(log));
+    }
+    m_printEnabled = m_measurementTransfer.isAnyTargetActive();
+
+    connect(&m_notices, &Notices::posted, this, &Host::notice);
+    connect(&m_actionBar, &ActionBar::actionsChanged, this, &Host::actionsChanged);
+    connect(&m_infoBox, &InfoBox::itemsChanged, this, &Host::infoItemsChanged);
+    connect(&m_controller, &PluginController::controlModeChanged, this, &Host::controlModeChanged);
+    connect(&m_printIndicator, &PrintIndicator::litChanged, this, &Host::printIndicatorChanged);
+    connect(&m_measurementTransfer, &MeasurementTransfer::transferred, this, &Host::transferred);
+    connect(&m_measurementTransfer, &MeasurementTransfer::availabilityChanged, this,
+            &Host::onTransferAvailabilityChanged);
+    connect(&m_workflowManager, &WorkflowManager::printButtonEnableChanged, this,
+            &Host::onPrintButtonEnableChange);
+    connect(&m_view, &ViewHost::publishedObjectsChanged, this, &Host::updateModels);
+    connect(&m_plugins, &PluginManager::aboutToStart, &m_notices, &Notices::forgetPluginFaults);
+    connect(&m_plugins, &PluginManager::pluginStarted, this, &Host::updateModels);
+    connect(&m_plugins, &PluginManager::released, this, &Host::onReleased);
+    connect(&m_plugins, &PluginManager::faultOccurred, this, &Host::onFault);
+    connect(&m_plugins, &PluginManager::activePluginChanged, this, &Host::activePluginChanged);
+    connect(&m_plugins, &PluginManager::pluginsChanged, this, &Host::pluginsChanged);
+}
+
+Host::~Host()
+{
+    // The plug-ins are closed while every service still exists and can tell of it.
+    m_plugins.closeAll();
+}
+
+void Host::setLevelled(bool levelled)
+{
+    if (m_sensorState.isLevelled() == levelled) {
+        return;
+    }
+    const auto exception = exceptionOf([&] {
+        m_sensorState.setLevelled(levelled);
+        m_system.announceLevel(levelled);
+    });
+    if (exception) {
+        m_notices.postPluginFault(
+            tr("The application failed while it was told about the level: %1").arg(*exception));
+    }
+    emit levelledChanged(levelled);
+}
+
+void Host::setCalibrationDue(bool due)
+{
+    if (m_calibrationService.isDue() == due) {
+        return;
+    }
+    if (const auto exception = exceptionOf([&] { m_calibrationService.setDue(due); })) {
+        m_notices.postPluginFault(
+            tr("The application failed while it was told about the calibration: %1").arg(*exception));
+    }
+    emit calibrationDueChanged(due);
+}
+
+bool Host::pressPrint()
+{
+    if (!m_printEnabled) {
+        m_notices.post(
+            NoticeSeverity::Warning,
+            m_measurementTransfer.isAnyTargetActive()
+                ? tr("Printing is switched off.")
+                : tr("There is no output that could take the measurement: neither a printer nor the "
+                     "transfer log is connected."));
+        return false;
+    }
+    QObject* const plugin = m_plugins.activeObject();
+    if (plugin == nullptr) {
+        m_measurementTransfer.transfer(m_registerValueProvider.reading(ISystemRegister::CurrentRegister),
+                                       m_registerValueProvider.reading(ISystemRegister::GrossRegister),
+                                       m_registerValueProvider.reading(ISystemRegister::TareRegister));
+        return true;
+    }
+    if (const auto exception = exceptionOf([plugin] { QMetaObject::invokeMethod(plugin, "onDoPrint"); })) {
+        m_notices.postPluginFault(tr("The application failed at the print request: %1").arg(*exception));
+    }
+    return true;
+}
+
+void Host::setLanguage(const QString& language)
+{
+    m_plugins.setLanguage(language);
+    if (const auto exception = exceptionOf([this] { m_calibrationService.retranslate(); })) {
+        m_notices.postPluginFault(
+            tr("The application failed while it was told about the calibration: %1").arg(*exception));
+    }
+    m_actionBar.refresh();
+}
+
+void Host::setOutput(int number, std::unique_ptr<TransferOutput> output)
+{
+    m_measurementTransfer.setOutput(number, std::move(output));
+}
+
+void Host::reportException(const QString& exception)
+{
+    const QString name = m_plugins.activeName();
+    m_notices.postPluginFault(name.isEmpty() ? tr("An application failed: %1").arg(exception)
+                                             : tr("The application \"%1\" failed: %2").arg(name, exception));
+}
+
+void Host::onReleased()
+{
+    const QList<QObject*> published = m_view.publishedObjects();
+    for (QObject* const object : published) {
+        disconnectServices(object);
+    }
+    // The screen goes first: its bindings must not meet objects that are about to die.
+    m_view.clear();
+    m_actionBar.clear();
+    m_infoBox.clear();
+}
+
+void Host::onFault(const PluginFault& fault)
+{
+    m_notices.post(NoticeSeverity::Error, fault.message);
+    disconnectServices(fault.object);
+    m_system.resetInfosectionProvider();
+}
+
+void Host::disconnectServices(QObject* receiver)
+{
+    const QList<QObject*> senders{&m_system, &m_sensorState, &m_calibrationService, &m_weighing};
+    for (QObject* const sender : senders) {
+        QObject::disconnect(sender, nullptr, receiver, nullptr);
+    }
+}
+
+void Host::updateModels()
+{
+    QObject* display = nullptr;
+    QObject* warnings = nullptr;
+    const QList<QObject*> objects = m_view.publishedObjects();
+    for (QObject* const object : objects) {
+        if (display == nullptr) {
+            display = displayOf(object);
+        }
+        if (warnings == nullptr) {
+            warnings = warningsOf(object);
+        }
+    }
+    if (m_display != display) {
+        m_display = display;
+        emit displayChanged(display);
+    }
+    if (m_warnings != warnings) {
+        m_warnings = warnings;
+        emit warningsChanged(warnings);
+    }
+}
+
+void Host::onPrintButtonEnableChange(bool enable)
+{
+    if (enable) {
+        // A plug-in that enables its button wants its prints to go out; what it switched off before is on again.
+        m_measurementTransfer.setEnabled(true);
+    }
+    setPrintEnabled(enable && m_measurementTransfer.isAnyTargetActive());
+}
+
+void Host::onTransferAvailabilityChanged()
+{
+    setPrintEnabled(m_measurementTransfer.isEnabled() && m_measurementTransfer.isAnyTargetActive());
+}
+
+void Host::setPrintEnabled(bool enabled)
+{
+    if (m_printEnabled != enabled) {
+        m_printEnabled = enabled;
+        emit printEnabledChanged(enabled);
+    }
+}
+
+} // namespace Terminal
+} // namespace Brimvale
