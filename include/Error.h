@@ -12,8 +12,8 @@ namespace Brimvale
 
 /// An error as plug-ins and the host pass it to each other: a plain record that is copied by value.
 ///
-/// The library itself reports no errors through it and reads none of its enumerators; it fixes the layout and the
-/// defaults. The order of the members and their 32-bit size are part of the binary contract.
+/// The library itself reports no errors through it and reads none of its enumerators; it fixes the layout and
+/// the defaults. The order of the members and their 32-bit size are part of the binary contract.
 class BRIMVALE_EXPORT Error
 {
 public:
@@ -37,13 +37,14 @@ public:
         UnspecifiedType = 3 ///< Not stated.
     };
 
-    /// Builds the record that states no error: no source, code -1, detail 0, type UnspecifiedType (3), flag false.
+    /// Builds the record that states no error: no source, code -1, detail 0, type UnspecifiedType (3), flag
+    /// false.
     Error();
 
     /// Builds a record of the given values.
     ///
-    /// Mind the order: the type comes first and the source second here, while the source is the first member and the
-    /// type the fourth.
+    /// Mind the order: the type comes first and the source second here, while the source is the first member
+    /// and the type the fourth.
     Error(ErrorTypes type, ErrorSources source, int code, int detail, bool flag);
 
     ErrorSources source; ///< Where the error arose.

@@ -13,10 +13,9 @@ FileDestination::FileDestination(const QString& filePath, qint64 sizeLimit, int 
     : m_file(filePath)
     , m_sizeLimit(sizeLimit)
     , m_oldFileCount(oldFileCount)
-    , m_valid(false)
     , m_failureReported(false)
+    , m_valid(open())
 {
-    m_valid = open();
 }
 
 void FileDestination::write(const QString& message, Level)

@@ -10,7 +10,8 @@
 namespace QsLogging
 {
 
-/// Appends lines to a file and begins a new one at a size limit, see DestinationFactory::MakeFileDestination().
+/// Appends lines to a file and begins a new one at a size limit, see
+/// DestinationFactory::MakeFileDestination().
 class FileDestination final : public Destination
 {
 public:
@@ -29,8 +30,8 @@ private:
     QFile m_file;
     qint64 m_sizeLimit;
     int m_oldFileCount;
-    bool m_valid;
     bool m_failureReported;
+    bool m_valid;
 };
 
 } // namespace QsLogging

@@ -88,7 +88,8 @@ try {
     QString line;
     if (includeLogLevel())
         line += levelName(level) + QLatin1Char(' ');
-    // The time is taken under the lock, so that the lines of several threads stand in the order of their times.
+    // The time is taken under the lock, so that the lines of several threads stand in the order of their
+    // times.
     if (includeTimestamp())
         line += QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddThh:mm:ss.zzz"))
                 + QLatin1Char(' ');

@@ -15,29 +15,31 @@
 namespace QsLogging
 {
 
-/// The logger of the process: a level, what a line consists of, and the destinations that lines are written to.
+/// The logger of the process: a level, what a line consists of, and the destinations that lines are written
+/// to.
 ///
-/// There is one instance per process. It can be used from any thread and at any time, before `main()` and after it
-/// included, since it is neither constructed nor destroyed at run time. Without a destination lines are dropped.
+/// There is one instance per process. It can be used from any thread and at any time, before `main()` and
+/// after it included, since it is neither constructed nor destroyed at run time. Without a destination lines
+/// are dropped.
 class QSLOG_EXPORT Logger
 {
 public:
     /// The logger of the process.
     static Logger& instance() noexcept { return s_instance; }
 
-    /// Puts the logger back into its initial state: the destinations are released, the level is `InfoLevel`, time
-    /// stamp and level name are included. A reference to the logger stays usable.
+    /// Puts the logger back into its initial state: the destinations are released, the level is `InfoLevel`,
+    /// time stamp and level name are included. A reference to the logger stays usable.
     static void destroyInstance();
 
-    /// Adds \a destination; every line from now on is written to it, after the destinations added before. It is
-    /// shared with the caller. A null or invalid destination is ignored.
+    /// Adds \a destination; every line from now on is written to it, after the destinations added before. It
+    /// is shared with the caller. A null or invalid destination is ignored.
     void addDestination(DestinationPtr destination);
 
     /// Sets the least important level that log statements write. Initially `InfoLevel`.
     void setLoggingLevel(Level newLevel) noexcept { m_level.store(newLevel, std::memory_order_relaxed); }
 
-    /// The least important level that log statements write. A statement asks for it first and does nothing when it
-    /// is above its own level, hence no more than a plain read of memory.
+    /// The least important level that log statements write. A statement asks for it first and does nothing
+    /// when it is above its own level, hence no more than a plain read of memory.
     Level loggingLevel() const noexcept
     {
         return static_cast<Level>(m_level.load(std::memory_order_relaxed));
@@ -61,13 +63,13 @@ public:
     /// Whether a line bears the name of its level.
     bool includeLogLevel() const noexcept { return m_includeLogLevel.load(std::memory_order_relaxed); }
 
-    /// One line in the making. What is streamed into stream() is written to every destination when the helper is
-    /// destroyed, that is at the end of a statement for which it was made as a temporary:
+    /// One line in the making. What is streamed into stream() is written to every destination when the helper
+    /// is destroyed, that is at the end of a statement for which it was made as a temporary:
     ///
     ///     QsLogging::Logger::Helper(QsLogging::WarnLevel).stream() << "tank level" << level;
     ///
-    /// The line is the level's name, the local time as `yyyy-MM-ddThh:mm:ss.zzz` and the text, separated by a blank.
-    /// The helper does not ask for the logger's level: that is the statement's part, see QLOG_TRACE().
+    /// The line is the level's name, the local time as `yyyy-MM-ddThh:mm:ss.zzz` and the text, separated by a
+    /// blank. The helper does not ask for the logger's level: that is the statement's part, see QLOG_TRACE().
     class QSLOG_EXPORT Helper
     {
     public:

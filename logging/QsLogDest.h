@@ -27,15 +27,16 @@ public:
     Destination() = default;
     virtual ~Destination();
 
-    /// Writes one line. \a message is the complete line without a line end, \a level the level it was written at.
+    /// Writes one line. \a message is the complete line without a line end, \a level the level it was written
+    /// at.
     ///
-    /// The logger calls this from the thread that logs, one call at a time, and holds its lock meanwhile: do not
-    /// wait in here for another thread that may log. A log statement inside of it is allowed.
-    /// An exception that leaves it is dropped, since logging never fails what it reports on.
+    /// The logger calls this from the thread that logs, one call at a time, and holds its lock meanwhile: do
+    /// not wait in here for another thread that may log. A log statement inside of it is allowed. An
+    /// exception that leaves it is dropped, since logging never fails what it reports on.
     virtual void write(const QString& message, Level level) = 0;
 
-    /// False when the destination could not be set up, for example a file that cannot be opened. The logger does
-    /// not write to a destination that is invalid when it is added.
+    /// False when the destination could not be set up, for example a file that cannot be opened. The logger
+    /// does not write to a destination that is invalid when it is added.
     virtual bool isValid() = 0;
 
 private:
@@ -84,13 +85,14 @@ struct MaxOldLogCount
 class QSLOG_EXPORT DestinationFactory
 {
 public:
-    /// A destination that appends to the file \a filePath, in UTF-8, one line feed after every line, and that hands
-    /// every line to the operating system at once. Its folder must exist; a file that exists is continued.
+    /// A destination that appends to the file \a filePath, in UTF-8, one line feed after every line, and that
+    /// hands every line to the operating system at once. Its folder must exist; a file that exists is
+    /// continued.
     ///
-    /// With \a rotation enabled, a line that would carry the file beyond \a sizeInBytesToRotateAfter goes to a new
-    /// file; the full one is renamed to `filePath.1`, what was `filePath.1` to `filePath.2` and so on, and the oldest
-    /// goes when there are more than \a oldLogsToKeep. A line that is larger than the limit has a file to itself.
-    /// Where renaming fails, the current file is continued, so that no line is lost.
+    /// With \a rotation enabled, a line that would carry the file beyond \a sizeInBytesToRotateAfter goes to
+    /// a new file; the full one is renamed to `filePath.1`, what was `filePath.1` to `filePath.2` and so on,
+    /// and the oldest goes when there are more than \a oldLogsToKeep. A line that is larger than the limit
+    /// has a file to itself. Where renaming fails, the current file is continued, so that no line is lost.
     ///
     /// The destination is invalid, and says why on the standard error output, when the file cannot be opened.
     static DestinationPtr MakeFileDestination(const QString& filePath,
@@ -104,10 +106,10 @@ public:
     /// A destination that calls \a function in the thread that logs. Invalid when \a function is null.
     static DestinationPtr MakeFunctorDestination(Destination::LogFunction function);
 
-    /// A destination that calls \a member of \a receiver, given as `SLOT(takeLine(QString,int))` (or a `SIGNAL`), with
-    /// the line and its level. The call is queued: it is made by the event loop of the receiver's thread, whichever
-    /// thread logs. \a receiver is not owned; when it is destroyed the lines are dropped. Invalid when there is no
-    /// receiver or no such member.
+    /// A destination that calls \a member of \a receiver, given as `SLOT(takeLine(QString,int))` (or a
+    /// `SIGNAL`), with the line and its level. The call is queued: it is made by the event loop of the
+    /// receiver's thread, whichever thread logs. \a receiver is not owned; when it is destroyed the lines are
+    /// dropped. Invalid when there is no receiver or no such member.
     static DestinationPtr MakeFunctorDestination(QObject* receiver, const char* member);
 };
 

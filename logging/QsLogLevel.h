@@ -6,8 +6,8 @@
 namespace QsLogging
 {
 
-/// Importance of a log line, in rising order. As the level of the logger it is the least important level that is
-/// written; `OffLevel` as the level of the logger silences all lines below it.
+/// Importance of a log line, in rising order. As the level of the logger it is the least important level that
+/// is written; `OffLevel` as the level of the logger silences all lines below it.
 enum Level
 {
     TraceLevel = 0, ///< Written as "TRACE".

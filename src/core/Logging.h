@@ -13,8 +13,8 @@
 ///
 /// The configured level is compared first. When it is above the level of the statement nothing else happens:
 /// no text is built and the values are not even evaluated. Otherwise every item is followed by one blank, and
-/// the line goes to the logger at the end of the statement. A literal is written as it is, a `QString` quoted, a
-/// pointer to a `QObject` as class name, address and object name, any other pointer as its address.
+/// the line goes to the logger at the end of the statement. A literal is written as it is, a `QString`
+/// quoted, a pointer to a `QObject` as class name, address and object name, any other pointer as its address.
 ///
 /// A statement that is not written costs one load and one branch that is not taken.
 /// Every macro is one statement, also as the only statement of an `if` with an `else`.
@@ -36,8 +36,8 @@
 /// Level warn (3): a call that cannot do its work.
 #define BRIMVALE_LOG_WARN(...) BRIMVALE_LOG_AT(::QsLogging::WarnLevel, __VA_ARGS__)
 
-/// Level off (6), above fatal: the line is written at every configured level, "off" included. It is for the line
-/// that marks the start of an application, and for nothing else.
+/// Level off (6), above fatal: the line is written at every configured level, "off" included. It is for the
+/// line that marks the start of an application, and for nothing else.
 #define BRIMVALE_LOG_ALWAYS(...) BRIMVALE_LOG_AT(::QsLogging::OffLevel, __VA_ARGS__)
 
 #endif // BRIMVALE_LOGGING_H

@@ -13,8 +13,8 @@
 namespace Brimvale
 {
 
-/// Returns the integer part of \a value (truncated towards zero). A value beyond the range of \a Integer gives the
-/// limit of the range, a NaN gives 0.
+/// Returns the integer part of \a value (truncated towards zero). A value beyond the range of \a Integer
+/// gives the limit of the range, a NaN gives 0.
 template <typename Integer>
 Integer saturatingCast(double value)
 {

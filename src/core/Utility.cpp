@@ -3,6 +3,7 @@
 #include "Utility.h"
 
 #include "core/Logging.h"
+#include "core/PowerOfTen.h"
 #include "core/SaturatingCast.h"
 
 #include <QCoreApplication>
@@ -19,11 +20,6 @@ namespace Brimvale
 
 namespace
 {
-
-double powerOfTen(double exponent)
-{
-    return std::pow(10.0, exponent);
-}
 
 struct Command
 {
@@ -74,8 +70,8 @@ bool run(const Command& command, int timeout)
     waitForFinished(*process, timeout);
     const bool normalExit = process->exitStatus() == QProcess::NormalExit;
     if (process->state() != QProcess::NotRunning) {
-        // The command is to run on, and destroying the object would kill it. Until it has ended nobody owns the
-        // object, so that the command also outlasts the application. Its next change of state is its end.
+        // The command is to run on, and destroying the object would kill it. Until it has ended nobody owns
+        // the object, so that the command also outlasts the application. Its next change of state is its end.
         QProcess* const running = process.release();
         QObject::connect(running, &QProcess::stateChanged, running, &QObject::deleteLater);
     }
@@ -130,8 +126,7 @@ double Utility::Round(double value, int decimals)
 {
     const double magnitude = std::fabs(value);
     const double power = powerOfTen(decimals);
-    // As a double, since the smallest integer has no absolute value as an integer.
-    const double nudge = powerOfTen(std::fabs(static_cast<double>(decimals)) - 14.0);
+    const double nudge = powerOfTen(qAbs(static_cast<qint64>(decimals)) - 14);
     const auto steps = static_cast<double>(saturatingCast<qint64>(magnitude * power + nudge + 0.5));
     double result = steps / power + 1e-14;
     // Also true of the NaN of 0 steps of infinite size.

@@ -9,8 +9,8 @@
 #include <QStringList>
 #include <QVector>
 
-/// Resets the logger and collects what it writes, as lines of level name and text. The logger is reset again at the
-/// end of its life.
+/// Resets the logger and collects what it writes, as lines of level name and text. The logger is reset again
+/// at the end of its life.
 class LogRecorder
 {
 public:

@@ -233,7 +233,9 @@ void TestProjectException::destructorIsSilentAboveTrace()
 {
     QFETCH(int, level);
     const LogRecorder log(static_cast<QsLogging::Level>(level));
-    delete new ProjectException(QStringLiteral("header mismatch"));
+    {
+        const ProjectException exception(QStringLiteral("header mismatch"));
+    }
     QCOMPARE(log.lines(), QStringList());
 }
 

@@ -15,16 +15,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <csignal>
 #include <cstring>
 #include <ctime>
 #include <limits>
 #include <memory>
-#include <signal.h>
-
 using Brimvale::Utility;
 
-// Qt's hooks for tools that watch objects (QHooks): places 3 and 4 hold what is called for every new object and for
-// every object that goes.
+// Qt's hooks for tools that watch objects (QHooks): places 3 and 4 hold what is called for every new object
+// and for every object that goes.
 extern Q_CORE_EXPORT quintptr qtHookData[];
 
 namespace
@@ -56,13 +55,18 @@ int liveProcesses()
                              [](QObject* object) { return qobject_cast<QProcess*>(object) != nullptr; }));
 }
 
+// Distinguishes the signs of zero.
 bool sameBits(double a, double b)
 {
-    return std::memcmp(&a, &b, sizeof a) == 0;
+    quint64 bitsOfA = 0;
+    quint64 bitsOfB = 0;
+    std::memcpy(&bitsOfA, &a, sizeof a);
+    std::memcpy(&bitsOfB, &b, sizeof b);
+    return bitsOfA == bitsOfB;
 }
 
-// The rule of rounding, worked out independently of the library: powers of ten by reading their decimal text, the
-// integer part by arithmetic on doubles alone.
+// The rule of rounding, worked out independently of the library: powers of ten by reading their decimal text,
+// the integer part by arithmetic on doubles alone.
 double referenceRound(double value, int decimals)
 {
     const double power = QByteArray("1e" + QByteArray::number(decimals)).toDouble();
