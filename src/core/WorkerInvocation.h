@@ -14,16 +14,17 @@ namespace Brimvale
 /// Whether `method` belongs to the class of `worker` and takes the arguments in their types. An argument that the
 /// method does not take is ignored, as it is in a connection of a signal with a slot. The meta-object compares only
 /// the number of arguments and would read an argument of another type as if it were the declared one.
-template <std::size_t Count>
-bool acceptsArguments(QObject* worker, const QMetaMethod& method, const QGenericArgument (&arguments)[Count])
+inline bool acceptsArguments(QObject* worker, const QMetaMethod& method,
+                             std::initializer_list<QGenericArgument> arguments)
 {
     if (!method.isValid() || method.enclosingMetaObject()->cast(worker) == nullptr
-        || method.parameterCount() > static_cast<int>(Count)) {
+        || method.parameterCount() > static_cast<int>(arguments.size())) {
         return false;
     }
     for (int i = 0; i < method.parameterCount(); ++i) {
         const int declared = method.parameterType(i);
-        if (declared == QMetaType::UnknownType || declared != QMetaType::type(arguments[i].name())) {
+        const int passed = QMetaType::type(arguments.begin()[i].name());
+        if (declared == QMetaType::UnknownType || declared != passed) {
             return false;
         }
     }
@@ -38,8 +39,7 @@ template <typename... Arguments>
 bool invokeWorker(QObject* worker, const QMetaMethod& method, const QGenericReturnArgument& result,
                   const Arguments&... arguments)
 {
-    const QGenericArgument passed[] = {arguments...};
-    if (!acceptsArguments(worker, method, passed)) {
+    if (!acceptsArguments(worker, method, {arguments...})) {
         return false;
     }
     if (worker->thread() != QThread::currentThread()) {
