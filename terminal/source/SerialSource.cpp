@@ -14,25 +14,9 @@ SerialSource::SerialSource(Clock& clock, const QString& device, int baud, const 
     , m_device(device)
     , m_baud(baud)
 {
-    m_port.setPortName(device);
-    m_port.setBaudRate(baud);
-    connect(&m_port, &QSerialPort::readyRead, this, [this] { received(m_port.readAll()); });
-    connect(&m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
-        // openConnection() reports what goes wrong before the port is open.
-        if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || !m_port.isOpen())
-            return;
-        const QString detail = m_port.errorString();
-        const QPointer<SerialSource> self(this);
-        received(m_port.readAll());
-        if (self)
-            connectionLost(detail);
-    });
 }
 
-SerialSource::~SerialSource()
-{
-    m_port.disconnect(this);
-}
+SerialSource::~SerialSource() = default;
 
 QString SerialSource::description() const
 {
@@ -41,21 +25,38 @@ QString SerialSource::description() const
 
 void SerialSource::openConnection()
 {
-    if (m_port.open(QIODevice::ReadWrite))
-        connectionOpened();
-    else
-        connectionLost(m_port.errorString());
+    m_port = std::make_unique<QSerialPort>(m_device);
+    QSerialPort* const port = m_port.get();
+    port->setBaudRate(m_baud);
+    if (!port->open(QIODevice::ReadWrite)) {
+        connectionLost(port->errorString());
+        return;
+    }
+    // Queued, so that whoever is told may end the connection or delete the source from inside.
+    connect(
+        port, &QSerialPort::readyRead, port, [this] { received(m_port->readAll()); }, Qt::QueuedConnection);
+    connect(
+        port, &QSerialPort::errorOccurred, port,
+        [this, port = QPointer<QSerialPort>(port)](QSerialPort::SerialPortError error) {
+            if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError)
+                return;
+            const QString detail = port->errorString();
+            received(port->readAll());
+            if (port)
+                connectionLost(detail);
+        },
+        Qt::QueuedConnection);
+    connectionOpened();
 }
 
 void SerialSource::closeConnection()
 {
-    if (m_port.isOpen())
-        m_port.close();
+    m_port.reset();
 }
 
 void SerialSource::send(const QByteArray& bytes)
 {
-    m_port.write(bytes);
+    m_port->write(bytes);
 }
 
 } // namespace Terminal

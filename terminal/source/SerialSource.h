@@ -6,6 +6,8 @@
 
 #include <QSerialPort>
 
+#include <memory>
+
 namespace Brimvale
 {
 namespace Terminal
@@ -35,7 +37,7 @@ protected:
 private:
     const QString m_device;
     const int m_baud;
-    QSerialPort m_port;
+    std::unique_ptr<QSerialPort> m_port; ///< Of the present connection.
 };
 
 } // namespace Terminal

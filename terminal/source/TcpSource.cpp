@@ -22,27 +22,9 @@ TcpSource::TcpSource(Clock& clock, const QString& host, quint16 port, const Line
     , m_host(host)
     , m_port(port)
 {
-    m_socket.setProxy(QNetworkProxy::NoProxy);
-    m_socket.setReadBufferSize(ReadBufferSize);
-    connect(&m_socket, &QTcpSocket::connected, this, [this] {
-        m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        m_socket.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-        connectionOpened();
-    });
-    connect(&m_socket, &QTcpSocket::readyRead, this, [this] { received(m_socket.readAll()); });
-    connect(&m_socket, &QTcpSocket::errorOccurred, this, [this] {
-        const QString detail = m_socket.errorString();
-        const QPointer<TcpSource> self(this);
-        received(m_socket.readAll()); // What the peer sent before it went away.
-        if (self)
-            connectionLost(detail);
-    });
 }
 
-TcpSource::~TcpSource()
-{
-    m_socket.disconnect(this);
-}
+TcpSource::~TcpSource() = default;
 
 QString TcpSource::description() const
 {
@@ -51,17 +33,37 @@ QString TcpSource::description() const
 
 void TcpSource::openConnection()
 {
-    m_socket.connectToHost(m_host, m_port);
+    m_socket = std::make_unique<QTcpSocket>();
+    QTcpSocket* const socket = m_socket.get();
+    socket->setProxy(QNetworkProxy::NoProxy);
+    socket->setReadBufferSize(ReadBufferSize);
+    // Queued, so that whoever is told may end the connection or delete the source: a socket does not bear that from
+    // inside its own signals.
+    connect(
+        socket, &QTcpSocket::connected, socket, [this] { connectionOpened(); }, Qt::QueuedConnection);
+    connect(
+        socket, &QTcpSocket::readyRead, socket, [this] { received(m_socket->readAll()); },
+        Qt::QueuedConnection);
+    connect(
+        socket, &QTcpSocket::errorOccurred, socket,
+        [this, socket = QPointer<QTcpSocket>(socket)] {
+            const QString detail = socket->errorString();
+            received(socket->readAll()); // What the peer sent before it went away.
+            if (socket)
+                connectionLost(detail);
+        },
+        Qt::QueuedConnection);
+    socket->connectToHost(m_host, m_port);
 }
 
 void TcpSource::closeConnection()
 {
-    m_socket.abort();
+    m_socket.reset();
 }
 
 void TcpSource::send(const QByteArray& bytes)
 {
-    m_socket.write(bytes);
+    m_socket->write(bytes);
 }
 
 } // namespace Terminal

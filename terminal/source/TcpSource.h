@@ -6,6 +6,8 @@
 
 #include <QTcpSocket>
 
+#include <memory>
+
 namespace Brimvale
 {
 namespace Terminal
@@ -33,7 +35,7 @@ protected:
 private:
     const QString m_host;
     const quint16 m_port;
-    QTcpSocket m_socket;
+    std::unique_ptr<QTcpSocket> m_socket; ///< Of the present connection or attempt.
 };
 
 } // namespace Terminal
