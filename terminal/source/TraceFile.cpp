@@ -166,7 +166,7 @@ std::optional<TraceFile> TraceFile::parse(QIODevice& device, const QString& name
         if (fields.size() != 2) {
             return fail(
                 Texts::tr(
-                    "%1 has %2 columns instead of 2; a line is a time and a weight with a decimal point, "
+                    "%1: 2 columns expected, %2 found; a line is a time and a weight with a decimal point, "
                     "separated by one comma, such as \"0.250,12.5\".")
                     .arg(quoted(*line), QString::number(fields.size())));
         }
