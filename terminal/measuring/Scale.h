@@ -74,7 +74,9 @@ public:
     Q_DISABLE_COPY(Scale)
 
     /// Takes the readings of @p source (not owned; may be null) from now on, and its readability and capacity where
-    /// the settings name none. Zero point, tare and stability begin anew. It neither starts nor stops a source.
+    /// the settings name none. Zero point, tare and stability begin anew, disconnected until the first reading. It
+    /// neither starts nor stops a source. Take a source away with null before deleting it; otherwise the last weight
+    /// stays.
     void setSource(WeightSource* source);
     WeightSource* source() const;
 
