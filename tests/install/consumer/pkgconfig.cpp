@@ -4,7 +4,6 @@
 
 #include <MesswertInfo.h>
 #include <Utility.h>
-
 #include <cstdio>
 
 int main()

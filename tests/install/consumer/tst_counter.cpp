@@ -9,6 +9,7 @@
 #include <QtTest>
 
 #include <IPlugin.h>
+#include <TestKit/RecordingHost.h>
 
 class TestCounter : public QObject
 {
@@ -18,6 +19,7 @@ private slots:
     void metadataNamesInterfaceAndLibrary();
     void pluginFileLoads();
     void embeddedTranslationLoads();
+    void lifeCycleOnTheRecordingHost();
 };
 
 void TestCounter::metadataNamesInterfaceAndLibrary()
@@ -52,6 +54,21 @@ void TestCounter::embeddedTranslationLoads()
     QTranslator translator;
     QVERIFY(plugin->PluginTranslator(&translator, QStringLiteral("counter_de")));
     QCOMPARE(translator.translate("CounterPlugin", "Counter"), QStringLiteral("Zähler"));
+}
+
+void TestCounter::lifeCycleOnTheRecordingHost()
+{
+    Brimvale::TestKit::RecordingHost host;
+    CounterPlugin plugin;
+    QVERIFY(host.init(plugin));
+    host.clearCalls();
+    QVERIFY(host.start(plugin));
+    QVERIFY(host.contextObject("counterModel"));
+    BRIMVALE_COMPARE_CALLS(host.callsTo("IView"), "IView::SetContextObject(\"counterModel\", QObject)",
+                           "IView::GetScreenLoader()");
+    QCOMPARE(host.loadedScreen(), QStringLiteral("qrc:/counter/Counter.qml"));
+    QVERIFY(host.close(plugin));
+    QVERIFY(!host.contextObject("counterModel"));
 }
 
 QTEST_GUILESS_MAIN(TestCounter)
