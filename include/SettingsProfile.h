@@ -42,7 +42,9 @@ public:
     /// Hands `value` to the access object's `ApplyProfileItem()`. Without an access object a warning is logged.
     void ApplySetting(int id, QVariant value);
 
-    /// Applies every stored item in ascending order of its number, whether applying is enabled or not.
+    /// Applies every stored item in ascending order of its number, whether applying is enabled or not. The
+    /// receiver may change the profile meanwhile: an item that was replaced is applied with its new value, one
+    /// that was removed is left out, and one that was added is not applied.
     void ApplyAllSettings();
 
     /// Removes all items; nothing is applied.

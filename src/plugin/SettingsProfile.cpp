@@ -57,10 +57,14 @@ void SettingsProfile::ApplySetting(int id, QVariant value)
 
 void SettingsProfile::ApplyAllSettings()
 {
-    // A plug-in may change its profile while a setting is applied: the walk is over a (shared) copy.
-    const QMap<int, QVariant> items = m_profileItems;
-    for (auto item = items.constBegin(); item != items.constEnd(); ++item) {
-        ApplySetting(item.key(), item.value());
+    // A plug-in may change its profile while a setting is applied: what it replaced or removed meanwhile must not be
+    // put into effect after all.
+    const QList<int> ids = m_profileItems.keys();
+    for (const int id : ids) {
+        const auto item = m_profileItems.constFind(id);
+        if (item != m_profileItems.constEnd()) {
+            ApplySetting(id, item.value());
+        }
     }
 }
 
