@@ -253,7 +253,7 @@ bool CommandLine::readValues(const QCommandLineParser& parser)
         QString error;
         const std::optional<SourceSpec> source = SourceSpec::parse(value("source"), &error);
         if (!source)
-            return bad("source", error);
+            return refuse(QStringLiteral("--source: ") + error);
         m_options.sourceText = value("source");
         m_options.source = *source;
     }
@@ -272,7 +272,7 @@ bool CommandLine::readValues(const QCommandLineParser& parser)
         QString error;
         m_options.readability = Readability::parse(value("readability"), &error);
         if (!m_options.readability)
-            return bad("readability", error);
+            return refuse(QStringLiteral("--readability: ") + error);
     }
     if (isSet("capacity")) {
         const std::optional<double> grams = number(value("capacity"));
@@ -286,7 +286,7 @@ bool CommandLine::readValues(const QCommandLineParser& parser)
         const std::optional<StabilitySettings> stability =
             StabilitySettings::parse(value("stability"), &error);
         if (!stability)
-            return bad("stability", error);
+            return refuse(QStringLiteral("--stability: ") + error);
         m_options.stability = *stability;
     }
     if (isSet("seed")) {

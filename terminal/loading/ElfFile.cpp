@@ -53,6 +53,18 @@ QString machineName(int machine)
 
 constexpr bool hostIsLittleEndian = Q_BYTE_ORDER == Q_LITTLE_ENDIAN;
 
+/// @p value with its bytes in the opposite order.
+template <typename Number> quint64 swapped(Number value)
+{
+    if constexpr (sizeof(Number) == sizeof(quint16)) {
+        return qbswap(static_cast<quint16>(value));
+    } else if constexpr (sizeof(Number) == sizeof(quint32)) {
+        return qbswap(static_cast<quint32>(value));
+    } else {
+        return qbswap(static_cast<quint64>(value));
+    }
+}
+
 } // namespace
 
 QString ElfFile::Target::text() const
@@ -133,7 +145,11 @@ template <typename Header, typename ProgramHeader>
 void ElfFile::readHeader(QFile& file)
 {
     const auto number = [this](auto value) -> quint64 {
-        return m_target.littleEndian == hostIsLittleEndian ? value : qbswap(value);
+        if (m_target.littleEndian == hostIsLittleEndian) {
+            return value;
+        }
+        // The types of the header are not those that qbswap() is defined for, but have their sizes.
+        return qbswap<typename QIntegerForSizeof<decltype(value)>::Unsigned>(value);
     };
     const quint64 size = static_cast<quint64>(file.size());
     file.seek(0);

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "app/Console.h"
+
+#include <cstdio>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+namespace
+{
+
+void write(std::FILE* stream, const QString& text)
+{
+    std::fputs((text + QLatin1Char('\n')).toUtf8().constData(), stream);
+    std::fflush(stream);
+}
+
+} // namespace
+
+void printLine(const QString& line)
+{
+    write(stdout, line);
+}
+
+void printError(const QString& message)
+{
+    write(stderr, QStringLiteral("brimvale-terminal: ") + message);
+}
+
+void printFault(const QString& message)
+{
+    write(stderr, message);
+}
+
+} // namespace Terminal
+} // namespace Brimvale

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef BRIMVALE_GUARDEDAPPLICATION_H
+#define BRIMVALE_GUARDEDAPPLICATION_H
+
+#include <QGuiApplication>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+/// The application object. An exception that a slot or event handler throws (that of a plug-in, as a rule) goes no
+/// further than the event that brought it about.
+class GuardedApplication : public QGuiApplication
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(GuardedApplication)
+
+public:
+    GuardedApplication(int& argc, char** argv);
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+signals:
+    /// @p receiver names the object whose event it was, @p exception is the exception in words.
+    void exceptionCaught(const QString& receiver, const QString& exception);
+};
+
+} // namespace Terminal
+} // namespace Brimvale
+
+#endif // BRIMVALE_GUARDEDAPPLICATION_H

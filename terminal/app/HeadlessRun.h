@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef BRIMVALE_HEADLESSRUN_H
+#define BRIMVALE_HEADLESSRUN_H
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+class Script;
+class Session;
+class TimeDriver;
+
+/// Runs a prepared session without a window, from the loading of its plug-ins to their end, and tells on the standard
+/// output what came of it. Returns the exit code of the process.
+///
+/// With @p script it is played. Without one the time passes: that of the command line, or until the recording ends, or
+/// five seconds.
+int runHeadless(Session& session, TimeDriver& driver, const Script* script);
+
+/// Loads, initialises, starts and closes every plug-in of the command line, one after the other, and tells how each
+/// step went. Returns the exit code of the process.
+int runCheck(Session& session);
+
+} // namespace Terminal
+} // namespace Brimvale
+
+#endif // BRIMVALE_HEADLESSRUN_H

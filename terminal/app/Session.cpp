@@ -1,0 +1,491 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "app/Session.h"
+
+#include "ISystemRegister.h"
+#include "QsLog.h"
+#include "app/CommandLine.h"
+#include "source/SimulatedSource.h"
+
+#include <QGuiApplication>
+#include <QLocale>
+#include <QQuickWindow>
+#include <QScreen>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+namespace
+{
+
+const QString LanguageKey = QStringLiteral("terminal/language");
+const QString PositionKey = QStringLiteral("terminal/windowPosition");
+
+/// How long a notice stays that only informs; the screen does the same in a window.
+constexpr qint64 InformationMs = 6000;
+
+/// The place of the output that is the terminal's own screen.
+constexpr int ScreenOutputNumber = 2;
+
+/// The output that every terminal has: its screen, which shows the last measurement on the status line. With it
+/// printing can be tried without a printer.
+class ScreenOutput : public TransferOutput
+{
+public:
+    bool isActive() const override { return true; }
+    bool write(const TransferRecord&) override { return true; } // The session shows every record.
+};
+
+/// Where the settings are kept; empty: nowhere.
+QString settingsFile(const Options& options)
+{
+    if (!options.settings.isEmpty() || options.headless)
+        return options.settings;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+           + QStringLiteral("/brimvale/terminal.ini");
+}
+
+HostSettings hostSettings(const Options& options)
+{
+    HostSettings settings;
+    settings.parameterFile = settingsFile(options);
+    settings.transferLog = options.transferLog;
+    return settings;
+}
+
+ScaleSettings scaleSettings(const Options& options)
+{
+    ScaleSettings settings;
+    settings.readability = options.readability;
+    settings.capacity = options.capacity;
+    settings.stability = options.stability;
+    return settings;
+}
+
+/// @p grams without needless zeros: "3200", "0.05".
+QString gramsText(double grams)
+{
+    QString text = QString::number(grams, 'f', Readability::MaximumDecimals);
+    while (text.endsWith(QLatin1Char('0')))
+        text.chop(1);
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text + QStringLiteral(" g");
+}
+
+QVector<ActionEntry> entriesOf(const QVector<ActionState>& states)
+{
+    QVector<ActionEntry> entries;
+    for (const ActionState& state : states) {
+        ActionEntry entry;
+        entry.uid = state.uid;
+        entry.name = state.name;
+        entry.enabled = state.enabled;
+        entry.toggle = state.toggle;
+        entry.toggleIndex = state.toggleIndex;
+        entry.maxToggleIndex = state.maxToggleIndex;
+        entries.append(entry);
+    }
+    return entries;
+}
+
+} // namespace
+
+Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSource> source, LogOutput& log)
+    : m_options(options)
+    , m_clock(clock)
+    , m_log(log)
+    , m_source(std::move(source))
+    , m_simulation(qobject_cast<SimulatedSource*>(m_source.get()))
+    , m_scale(scaleSettings(options))
+    // No weight yet; the bar graph is shown, everything else as readings come.
+    , m_display(nullptr, QString(), QString(), true, 0, false, false, false, 0, QString(), QString(), false,
+                0, true, false, 0, QString(), QString(), QString(), 0, -1, false, false, true, false, true)
+    , m_window(m_instrument, m_bench)
+    , m_screen(m_instrument, m_window)
+    , m_host(std::make_unique<Host>(m_scale, clock, m_screen, hostSettings(options)))
+{
+    const QString file = settingsFile(options);
+    if (!file.isEmpty())
+        m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
+    m_host->setOutput(ScreenOutputNumber, std::make_unique<ScreenOutput>());
+    if (options.traceHostCalls) {
+        m_host->calls().setTrace([](const QString& call) {
+            QsLogging::Logger::Helper(QsLogging::OffLevel).stream().noquote() << "host call" << call;
+        });
+    }
+    connectScale();
+    connectHost();
+    connectBench();
+    connectSimulation();
+    connectInstrument();
+    m_scale.setSource(m_source.get());
+    updatePlate();
+}
+
+Session::~Session()
+{
+    m_clock.cancel(m_timeTimer);
+    m_clock.cancel(m_noticeTimer);
+    // What the host tells while it goes finds nobody to listen.
+    disconnect(m_host.get(), nullptr, this, nullptr);
+    m_host->calls().setTrace({});
+}
+
+void Session::connectScale()
+{
+    connect(m_source.get(), &WeightSource::reading, this, [this] { ++m_readings; });
+    connect(m_source.get(), &WeightSource::finished, this, [this] { m_sourceFinished = true; });
+    connect(m_source.get(), &WeightSource::connectionChanged, this,
+            [](bool connected, const QString& detail) {
+                if (connected)
+                    QLOG_INFO().noquote() << detail;
+                else
+                    QLOG_WARN().noquote() << detail;
+            });
+    connect(&m_scale, &Scale::newMeasurement, this, &Session::updateDisplay);
+    connect(&m_scale, &Scale::stateChanged, this, &Session::updateDisplay);
+    connect(&m_scale, &Scale::stateChanged, this, &Session::updateHostActions);
+    connect(&m_scale, &Scale::decimalsChanged, this, &Session::updatePlate);
+    connect(m_source.get(), &WeightSource::readabilityChanged, this, &Session::updatePlate);
+    m_instrument.setTerminalDisplay(&m_display);
+}
+
+void Session::connectHost()
+{
+    Host* const host = m_host.get();
+    connect(host, &Host::notice, this, &Session::onNotice);
+    connect(host, &Host::transferred, this, &Session::onTransferred);
+    connect(host, &Host::displayChanged, &m_instrument, &InstrumentModel::setDisplay);
+    connect(host, &Host::warningsChanged, &m_instrument, &InstrumentModel::setWarnings);
+    connect(host, &Host::actionsChanged, this, &Session::updateActions);
+    connect(host, &Host::printEnabledChanged, &m_instrument, &InstrumentModel::setPrintEnabled);
+    connect(host, &Host::infoItemsChanged, this, [this] { m_instrument.setInfoItems(m_host->infoItems()); });
+    connect(host, &Host::levelledChanged, &m_instrument, &InstrumentModel::setLevelOk);
+    connect(host, &Host::levelledChanged, &m_bench, &BenchModel::setLevel);
+    connect(host, &Host::calibrationDueChanged, &m_bench, &BenchModel::setCalibrationDue);
+    connect(host, &Host::pluginsChanged, this, &Session::updatePlugins);
+    connect(host, &Host::activePluginChanged, this, &Session::updatePlugins);
+    connect(&m_instrument, &InstrumentModel::screenLoaded, &host->view(), &ViewHost::onScreenLoaded);
+    m_instrument.setPrintEnabled(host->isPrintEnabled());
+    m_instrument.setLevelOk(host->isLevelled());
+}
+
+void Session::connectBench()
+{
+    connect(&m_bench, &BenchModel::levelChanged, m_host.get(), &Host::setLevelled);
+    connect(&m_bench, &BenchModel::calibrationDueChanged, m_host.get(), &Host::setCalibrationDue);
+    m_bench.setAvailable(m_simulation != nullptr);
+    m_bench.setLevel(m_host->isLevelled());
+    m_bench.setCalibrationDue(m_host->isCalibrationDue());
+}
+
+void Session::connectSimulation()
+{
+    if (!m_simulation)
+        return;
+    connect(&m_bench, &BenchModel::putOn, m_simulation, &SimulatedSource::putOn);
+    connect(&m_bench, &BenchModel::takeOff, m_simulation, &SimulatedSource::takeOff);
+    connect(&m_bench, &BenchModel::clear, m_simulation, &SimulatedSource::clear);
+    connect(&m_bench, &BenchModel::noiseChanged, m_simulation, &SimulatedSource::setNoise);
+    connect(&m_bench, &BenchModel::driftChanged, m_simulation, &SimulatedSource::setDrift);
+    connect(&m_bench, &BenchModel::connectedChanged, m_simulation, &SimulatedSource::setConnected);
+    connect(m_simulation, &SimulatedSource::loadChanged, &m_bench, &BenchModel::setLoad);
+    m_bench.setNoise(m_simulation->noise());
+    m_bench.setDrift(m_simulation->drift());
+    m_bench.setConnected(m_simulation->isConnected());
+    m_bench.setLoad(m_simulation->load());
+}
+
+void Session::connectInstrument()
+{
+    connect(m_instrument.actions(), &ActionListModel::actionPressed, this, [this](const QString& uid) {
+        // The press may close the plug-in that the button belongs to.
+        m_host->pressAction(uid);
+    });
+    connect(m_instrument.hostActions(), &ActionListModel::actionPressed, this, &Session::pressHostAction);
+    connect(&m_instrument, &InstrumentModel::printPressed, this, [this] { m_host->pressPrint(); });
+    connect(&m_instrument, &InstrumentModel::pluginSelected, this, &Session::selectPlugin);
+    connect(&m_instrument, &InstrumentModel::languageSelected, this, [this](const QString& language) {
+        setLanguage(language);
+        if (m_settings)
+            m_settings->setValue(LanguageKey, language);
+    });
+    connect(&m_window, &TerminalWindow::closed, this, &Session::closed);
+}
+
+bool Session::prepare(QStringList* errors)
+{
+    const QStringList setupErrors = m_host->setupErrors();
+    if (!setupErrors.isEmpty()) {
+        // A file that was asked for by name must be usable; the user's own settings are not worth a refusal.
+        if (!m_options.settings.isEmpty() || !m_options.transferLog.isEmpty()) {
+            *errors = setupErrors;
+            return false;
+        }
+        for (const QString& error : setupErrors)
+            reportError(error);
+        m_settings.reset();
+    }
+
+    m_window.setAnimationsEnabled(!m_options.headless);
+    m_window.setBenchVisible(m_options.bench);
+    QString language = m_options.language;
+    if (language.isEmpty() && m_settings)
+        language = m_settings->value(LanguageKey).toString();
+    if (language.isEmpty() && !m_options.headless && QLocale::system().language() == QLocale::German)
+        language = QStringLiteral("de");
+    m_instrument.setLanguage(language);
+    QString error;
+    if (!m_window.load(&error)) {
+        errors->append(error);
+        return false;
+    }
+    setLanguage(language);
+    updateTime();
+    if (m_settings && m_settings->contains(PositionKey) && m_window.window()) {
+        const QPoint position = m_settings->value(PositionKey).toPoint();
+        const QSize size = m_window.size();
+        for (const QScreen* screen : QGuiApplication::screens()) {
+            if (screen->availableGeometry().contains(QRect(position, size)))
+                m_window.window()->setPosition(position);
+        }
+    }
+    return true;
+}
+
+void Session::loadPlugins()
+{
+    for (const QString& file : m_options.plugins)
+        reportLoad(m_host->plugins().load(file));
+    for (const QString& directory : m_options.pluginDirectories) {
+        const QVector<LoadResult> results = m_host->plugins().loadFolder(directory);
+        for (const LoadResult& result : results)
+            reportLoad(result);
+    }
+    updatePlugins();
+}
+
+bool Session::start()
+{
+    PluginManager& plugins = m_host->plugins();
+    bool started = true;
+    if (!m_options.startId.isEmpty()) {
+        started = plugins.activate(m_options.startId);
+        if (plugins.indexOf(m_options.startId) < 0) {
+            QStringList ids;
+            for (const PluginInfo& plugin : plugins.plugins())
+                ids.append(plugin.identifier);
+            reportError(
+                tr("There is no plug-in \"%1\" to start. Loaded are: %2.")
+                    .arg(m_options.startId, ids.isEmpty() ? tr("none") : ids.join(QStringLiteral(", "))));
+        }
+    } else if (!m_options.withoutPlugin) {
+        started = false;
+        for (int index = 0; index < plugins.count() && !started; ++index) {
+            if (plugins.plugins().at(index).state != PluginState::Failed)
+                started = plugins.activate(index);
+        }
+    }
+    plugins.waitUntilSettled();
+    m_source->start();
+    return started;
+}
+
+void Session::shutDown()
+{
+    m_host->plugins().closeAll();
+    m_source->stop();
+    storeSettings();
+}
+
+void Session::reportLoad(const LoadResult& result)
+{
+    if (!result.ok)
+        reportError(result.message);
+}
+
+void Session::reportError(const QString& error)
+{
+    if (m_errors.contains(error))
+        return;
+    m_errors.append(error);
+    m_pluginFaults.append(error);
+    m_bench.setPluginFaults(m_pluginFaults);
+    QLOG_ERROR().noquote() << error;
+}
+
+void Session::forgiveErrors(const QString& part)
+{
+    m_errors.erase(std::remove_if(m_errors.begin(), m_errors.end(),
+                                  [&part](const QString& error) { return error.contains(part); }),
+                   m_errors.end());
+}
+
+void Session::reportException(const QString& receiver, const QString& exception)
+{
+    QLOG_ERROR().noquote() << "exception in an event of" << receiver << ":" << exception;
+    m_host->reportException(exception);
+}
+
+void Session::onNotice(NoticeSeverity severity, const QString& text)
+{
+    m_clock.cancel(m_noticeTimer);
+    m_noticeTimer = 0;
+    switch (severity) {
+    case NoticeSeverity::Info:
+        QLOG_INFO().noquote() << text;
+        m_instrument.showNotice(InstrumentModel::Severity::Info, text);
+        if (m_options.headless)
+            m_noticeTimer = m_clock.callAfter(InformationMs, [this] { m_instrument.clearNotice(); });
+        break;
+    case NoticeSeverity::Warning:
+        QLOG_WARN().noquote() << text;
+        m_instrument.showNotice(InstrumentModel::Severity::Warning, text);
+        break;
+    case NoticeSeverity::Error:
+        reportError(text);
+        m_instrument.showNotice(InstrumentModel::Severity::Error, text);
+        break;
+    }
+}
+
+void Session::onTransferred(const TransferRecord& record)
+{
+    const MesswertData& measurement = record.current;
+    m_lastTransfer = measurement.errorText.isEmpty()
+                         ? measurement.messwert + QLatin1Char(' ') + measurement.unit
+                         : measurement.errorText;
+    m_instrument.setStatusText(record.taken ? tr("Sent: %1").arg(m_lastTransfer)
+                                            : tr("Not sent: %1").arg(m_lastTransfer));
+}
+
+void Session::updateDisplay()
+{
+    MesswertData reading = m_host->registerValues().reading(ISystemRegister::CurrentRegister);
+    const MesswertData gross = m_host->registerValues().reading(ISystemRegister::GrossRegister);
+    m_display.setFromMesswertData(&reading);
+    m_display.setMesswertKlein(gross.messwert);
+    m_display.setUnitKlein(gross.unit);
+    m_display.setMesswertKleinVisible(reading.net && gross.isValid);
+    const double part = m_scale.isValid() ? m_scale.grossDigits() / m_scale.upperLimitDigits() : 0.0;
+    m_display.setBargraphValue(static_cast<int>(std::floor(std::clamp(part, 0.0, 1.0) * 100.0)));
+    m_instrument.setSourceOk(m_scale.status() != Reading::Status::Disconnected);
+}
+
+void Session::updatePlate()
+{
+    const double capacity = m_scale.capacity();
+    const bool known = m_source->readability() > 0.0 || m_options.readability;
+    QStringList parts;
+    if (capacity > 0.0)
+        parts.append(tr("Max %1").arg(gramsText(capacity)));
+    if (known)
+        parts.append(QStringLiteral("d = %1").arg(gramsText(m_scale.readability().grams())));
+    m_instrument.setScalePlate(parts.join(QStringLiteral("   ")));
+    m_bench.setCapacity(capacity);
+    m_bench.setReadability(known ? m_scale.readability().grams() : 0.0);
+    m_instrument.setSourceText(m_simulation ? tr("Simulated scale") : m_source->description());
+}
+
+ActionListModel& Session::actions()
+{
+    return m_instrument.pluginActive() ? *m_instrument.actions() : *m_instrument.hostActions();
+}
+
+void Session::updateActions()
+{
+    m_instrument.actions()->setActions(entriesOf(m_host->actions()));
+}
+
+void Session::updateHostActions()
+{
+    ActionEntry zero;
+    zero.uid = QStringLiteral("zero");
+    zero.name = tr("Zero");
+    ActionEntry tare;
+    tare.uid = QStringLiteral("tare");
+    tare.name = tr("Tare");
+    ActionEntry clearTare;
+    clearTare.uid = QStringLiteral("clearTare");
+    clearTare.name = tr("Clear tare");
+    clearTare.enabled = m_scale.isTareSet();
+    m_instrument.hostActions()->setActions({zero, tare, clearTare});
+}
+
+void Session::pressHostAction(const QString& uid)
+{
+    if (uid == QLatin1String("zero"))
+        m_host->weighing().zero();
+    else if (uid == QLatin1String("tare"))
+        m_host->weighing().tare();
+    else if (uid == QLatin1String("clearTare"))
+        m_host->weighing().clearTare();
+}
+
+void Session::updatePlugins()
+{
+    const PluginManager& plugins = m_host->plugins();
+    QVector<PluginEntry> entries;
+    m_pluginIds.clear();
+    const QVector<PluginInfo> infos = plugins.plugins();
+    for (int index = 0; index < infos.size(); ++index) {
+        const PluginInfo& info = infos.at(index);
+        if (info.state == PluginState::Failed)
+            continue;
+        entries.append({info.identifier, info.name, info.icon, index == plugins.activeIndex()});
+        m_pluginIds.append(info.identifier);
+    }
+    m_instrument.setPlugins(entries);
+}
+
+void Session::selectPlugin(int index)
+{
+    if (index >= 0 && index < m_pluginIds.size())
+        m_host->plugins().activate(m_pluginIds.at(index));
+}
+
+void Session::updateTime()
+{
+    // A run without a window shows the same time everywhere.
+    const QDateTime now = m_options.headless ? m_clock.dateTime() : m_clock.dateTime().toLocalTime();
+    const bool german = m_instrument.language() == QLatin1String("de");
+    m_instrument.setDateTimeText(
+        now.toString(german ? QStringLiteral("dd.MM.yyyy  HH:mm") : QStringLiteral("yyyy-MM-dd  HH:mm")));
+    constexpr qint64 MinuteMs = 60000;
+    m_clock.cancel(m_timeTimer);
+    m_timeTimer = m_clock.callAfter(MinuteMs - m_clock.nowMs() % MinuteMs, [this] { updateTime(); });
+}
+
+void Session::setLanguage(const QString& language)
+{
+    // The texts of the terminal first: those of the plug-ins may be made with them.
+    m_instrument.setLanguage(language);
+    m_host->setLanguage(m_instrument.language());
+    m_window.retranslate();
+    m_display.setNetText(tr("NET"));
+    m_display.setPtText(tr("PT"));
+    updateHostActions();
+    updatePlugins();
+    updatePlate();
+    updateDisplay();
+    updateTime();
+}
+
+void Session::storeSettings()
+{
+    if (!m_settings || m_options.headless)
+        return;
+    if (m_window.window())
+        m_settings->setValue(PositionKey, m_window.window()->position());
+    m_settings->sync();
+    if (m_settings->status() != QSettings::NoError)
+        QLOG_WARN().noquote() << "the settings cannot be written to" << m_settings->fileName();
+}
+
+} // namespace Terminal
+} // namespace Brimvale

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef BRIMVALE_SESSION_H
+#define BRIMVALE_SESSION_H
+
+#include "MesswertInfo.h"
+#include "app/DisplayText.h"
+#include "app/LogOutput.h"
+#include "app/WindowScreen.h"
+#include "clock/Clock.h"
+#include "host/Host.h"
+#include "measuring/Scale.h"
+#include "source/WeightSource.h"
+#include "ui/BenchModel.h"
+#include "ui/InstrumentModel.h"
+#include "ui/TerminalWindow.h"
+
+#include <QObject>
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+struct Options;
+class SimulatedSource;
+
+/// A terminal, put together: source, scale, host, plug-ins, screen and bench, each connected with the others. With a
+/// window or without one; it does not care what drives its clock.
+///
+/// A life: construct; prepare(); loadPlugins(); start(); let time pass; shutDown().
+class Session : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(Session)
+
+public:
+    /// @param options what the command line said; must outlive the session.
+    /// @param clock   not owned, must outlive the session.
+    /// @param source  the scale's source, not started.
+    Session(const Options& options, Clock& clock, std::unique_ptr<WeightSource> source, LogOutput& log);
+    ~Session() override;
+
+    /// Loads the screen. On failure @p errors tells why.
+    bool prepare(QStringList* errors);
+
+    /// Loads the plug-ins of the command line, or the installed ones. What fails is reported; the others go on.
+    void loadPlugins();
+
+    /// Starts the plug-in that the command line names, or the first that starts, then the source. Returns false, after
+    /// a report, when there is none although one was asked for; the terminal then weighs by itself.
+    bool start();
+
+    /// Closes the plug-in and stops the source. Runs the event loop meanwhile.
+    void shutDown();
+
+    // The parts.
+    const Options& options() const { return m_options; }
+    Clock& clock() { return m_clock; }
+    Scale& scale() { return m_scale; }
+    WeightSource& source() { return *m_source; }
+    /// The source, when it is the simulated scale; otherwise null.
+    SimulatedSource* simulation() { return m_simulation; }
+    Host& host() { return *m_host; }
+    InstrumentModel& instrument() { return m_instrument; }
+    BenchModel& bench() { return m_bench; }
+    TerminalWindow& window() { return m_window; }
+    const LogOutput& log() const { return m_log; }
+
+    // What has happened.
+
+    /// What the main display shows.
+    DisplayText display() const { return DisplayText::of(m_instrument); }
+    /// Readings that the source has delivered.
+    quint64 readings() const { return m_readings; }
+    /// The source has come to its end.
+    bool isSourceFinished() const { return m_sourceFinished; }
+    /// The last transferred measurement as text; empty: there was none.
+    QString lastTransfer() const { return m_lastTransfer; }
+
+    /// What was reported as an error and not forgiven.
+    const QStringList& errors() const { return m_errors; }
+    /// An error that was expected: those that contain @p part count no more.
+    void forgiveErrors(const QString& part);
+
+    /// The buttons that are offered: those of the active plug-in, or the terminal's own while there is none.
+    ActionListModel& actions();
+
+    void setLanguage(const QString& language);
+
+    /// Saves a picture of the terminal.
+    bool grab(const QString& pngFile, QString* error) { return m_window.grab(pngFile, error); }
+
+public slots:
+    /// An exception of a plug-in that went as far as the event loop.
+    void reportException(const QString& receiver, const QString& exception);
+
+signals:
+    /// The person closed the window.
+    void closed();
+
+private:
+    void connectScale();
+    void connectHost();
+    void connectBench();
+    void connectInstrument();
+    void connectSimulation();
+    void reportLoad(const LoadResult& result);
+    void reportError(const QString& error);
+    void onNotice(NoticeSeverity severity, const QString& text);
+    void onTransferred(const TransferRecord& record);
+    void updateDisplay();
+    void updatePlate();
+    void updateActions();
+    void updateHostActions();
+    void updatePlugins();
+    void updateTime();
+    void pressHostAction(const QString& uid);
+    void selectPlugin(int index);
+    void storeSettings();
+
+    const Options& m_options;
+    Clock& m_clock;
+    LogOutput& m_log;
+    const std::unique_ptr<WeightSource> m_source;
+    SimulatedSource* const m_simulation;
+    std::unique_ptr<QSettings> m_settings; ///< Null: none are kept.
+    Scale m_scale;
+    InstrumentModel m_instrument;
+    BenchModel m_bench;
+    MesswertInfo m_display;
+    TerminalWindow m_window;
+    WindowScreen m_screen;
+    std::unique_ptr<Host> m_host;
+
+    QStringList m_pluginIds; ///< Of the entries that the screen offers.
+    QStringList m_pluginFaults;
+    QStringList m_errors;
+    QString m_lastTransfer;
+    quint64 m_readings = 0;
+    bool m_sourceFinished = false;
+    Clock::TimerId m_timeTimer = 0;
+    Clock::TimerId m_noticeTimer = 0;
+};
+
+} // namespace Terminal
+} // namespace Brimvale
+
+#endif // BRIMVALE_SESSION_H

@@ -1,0 +1,514 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "script/ScriptRunner.h"
+
+#include "app/CommandLine.h"
+#include "app/Session.h"
+#include "app/TimeDriver.h"
+#include "source/SimulatedSource.h"
+
+#include <QDir>
+
+#include <cmath>
+#include <limits>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+namespace
+{
+
+using Kind = Statement::Kind;
+
+/// Where the results begin in a line of the report.
+constexpr int ResultColumn = 44;
+
+QString quoted(const QString& text)
+{
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
+QString onOff(bool on)
+{
+    return on ? QStringLiteral("on") : QStringLiteral("off");
+}
+
+QString enabledDisabled(bool enabled)
+{
+    return enabled ? QStringLiteral("enabled") : QStringLiteral("disabled");
+}
+
+QString seconds(qint64 ms)
+{
+    return QStringLiteral("%1 s").arg(static_cast<double>(ms) / 1000.0, 0, 'f', 1);
+}
+
+/// A load in grams, as short as it can be.
+QString grams(double load)
+{
+    return QString::number(load, 'g', 12) + QStringLiteral(" g");
+}
+
+/// Whether the statement is one of the expectations, after which a script goes on even when they fail.
+bool isExpectation(Kind kind)
+{
+    return kind >= Kind::ExpectDisplay;
+}
+
+/// What `expect warning` reads: the text, or nothing while the warning is not shown.
+QString warningText(const QObject* warnings, const char* visible, const char* text)
+{
+    return warnings && warnings->property(visible).toBool() ? warnings->property(text).toString() : QString();
+}
+
+QString infoText(const QObject* item)
+{
+    const QString group = item->property("itemGroupTitle").toString();
+    const QString title = item->property("itemValueTitle").toString();
+    const QString value = item->property("itemValue").toString();
+    QString text = group;
+    if (!group.isEmpty() && !title.isEmpty())
+        text += QStringLiteral(", ");
+    text += title;
+    if (!value.isEmpty())
+        text += (text.isEmpty() ? QString() : QStringLiteral(": ")) + value;
+    return text;
+}
+
+const ActionEntry* findAction(const ActionListModel& actions, const QString& uid)
+{
+    for (const ActionEntry& entry : actions.actions()) {
+        if (entry.uid == uid)
+            return &entry;
+    }
+    return nullptr;
+}
+
+QString noSuchAction(const ActionListModel& actions, const QString& uid)
+{
+    QStringList uids;
+    for (const ActionEntry& entry : actions.actions())
+        uids.append(entry.uid);
+    return QStringLiteral("there is no key \"%1\"; there are: %2")
+        .arg(uid, uids.isEmpty() ? QStringLiteral("none") : uids.join(QStringLiteral(", ")));
+}
+
+/// Calls that resemble one that was not found: those of the same operation, or else the newest; at most three.
+QString similarCalls(const QStringList& calls, const QString& wanted)
+{
+    const QString operation = wanted.section(QLatin1Char('('), 0, 0);
+    QStringList similar = calls.filter(operation);
+    if (similar.isEmpty())
+        similar = calls;
+    return similar.isEmpty() ? QStringLiteral("there was none at all")
+                             : QStringLiteral("there were ")
+                                   + QStringList(similar.mid(similar.size() - 3)).join(QStringLiteral(", "));
+}
+
+} // namespace
+
+ScriptRunner::ScriptRunner(Session& session, TimeDriver& driver, const ScriptOutput& output,
+                           const QString& folder)
+    : m_session(session)
+    , m_driver(driver)
+    , m_output(output)
+    , m_folder(folder)
+    , m_timed(!session.source().isLive())
+{
+}
+
+bool ScriptRunner::run(const Script& script)
+{
+    m_startMs = m_session.clock().nowMs();
+    bool ok = true;
+    bool first = true;
+    for (const Statement& statement : script.statements()) {
+        if (statement.kind == Kind::Note) {
+            if (!first)
+                m_output.report(QString());
+            m_output.report(statement.text);
+            first = false;
+            continue;
+        }
+        first = false;
+        const Outcome outcome = carryOut(statement);
+        if (m_driver.isInterrupted())
+            return ok;
+        ++m_statementCount;
+        if (isExpectation(statement.kind)) {
+            ++m_expectationCount;
+            m_failedExpectationCount += outcome.ok ? 0 : 1;
+        }
+        m_output.report(reportLine(statement, outcome.text));
+        if (!outcome.ok) {
+            ok = false;
+            m_output.fail(
+                QStringLiteral("%1:%2: %3").arg(script.name()).arg(statement.line).arg(outcome.failure));
+            if (!isExpectation(statement.kind))
+                return false;
+        }
+    }
+    return ok;
+}
+
+QString ScriptRunner::reportLine(const Statement& statement, const QString& result) const
+{
+    const QString time =
+        m_timed ? seconds(m_session.clock().nowMs() - m_startMs).rightJustified(8) + QStringLiteral("  ")
+                : QStringLiteral("  ");
+    return time + statement.source.leftJustified(ResultColumn - 2) + QStringLiteral("  ") + result;
+}
+
+ScriptRunner::Outcome ScriptRunner::done(const QString& text)
+{
+    return Outcome{true, text, QString()};
+}
+
+ScriptRunner::Outcome ScriptRunner::failed(const QString& failure)
+{
+    return Outcome{false, QStringLiteral("FAILED: ") + failure, failure};
+}
+
+ScriptRunner::Outcome ScriptRunner::expected(bool met, const QString& what, const QString& found)
+{
+    if (met)
+        return done(QStringLiteral("ok"));
+    return Outcome{false, QStringLiteral("FAILED: ") + found,
+                   QStringLiteral("expected %1, but %2").arg(what, found)};
+}
+
+ScriptRunner::Outcome ScriptRunner::carryOut(const Statement& statement)
+{
+    switch (statement.kind) {
+    case Kind::PutOn:
+    case Kind::TakeOff:
+    case Kind::TakeOffAll:
+        return changeLoad(statement);
+    case Kind::WaitTime:
+    case Kind::WaitStable:
+    case Kind::WaitDisplay:
+    case Kind::WaitEnd:
+        return wait(statement);
+    case Kind::Press:
+        return press(statement.word);
+    case Kind::PressPrint:
+        return pressPrint();
+    case Kind::Start:
+        return startPlugin(statement.text);
+    case Kind::Close:
+        return closePlugin();
+    case Kind::SetLevel:
+    case Kind::SetCalibration:
+    case Kind::SetNoise:
+    case Kind::SetDrift:
+    case Kind::Disconnect:
+    case Kind::Connect:
+        return setBench(statement);
+    case Kind::Dismiss:
+        m_session.instrument().clearNotice();
+        return done(QStringLiteral("done"));
+    case Kind::Language:
+        m_session.setLanguage(statement.word);
+        TimeDriver::settle();
+        return done(statement.word == QLatin1String("de") ? QStringLiteral("German")
+                                                          : QStringLiteral("English"));
+    case Kind::Screenshot:
+        return takeScreenshot(statement.text);
+    case Kind::Note:
+        return done(QString());
+    default:
+        return expect(statement);
+    }
+}
+
+ScriptRunner::Outcome ScriptRunner::changeLoad(const Statement& statement)
+{
+    BenchModel& bench = m_session.bench();
+    if (statement.kind == Kind::PutOn)
+        emit bench.putOn(statement.number);
+    else if (statement.kind == Kind::TakeOff)
+        emit bench.takeOff(statement.number);
+    else
+        emit bench.clear();
+    disturb();
+    return done(bench.load() == 0.0 ? QStringLiteral("the scale is empty")
+                                    : QStringLiteral("%1 on the scale").arg(grams(bench.load())));
+}
+
+ScriptRunner::Outcome ScriptRunner::setBench(const Statement& statement)
+{
+    BenchModel& bench = m_session.bench();
+    QString result;
+    switch (statement.kind) {
+    case Kind::SetLevel:
+        bench.setLevel(statement.on);
+        result =
+            statement.on ? QStringLiteral("the scale stands level") : QStringLiteral("the scale is tilted");
+        break;
+    case Kind::SetCalibration:
+        bench.setCalibrationDue(statement.on);
+        result = statement.on ? QStringLiteral("the calibration is due")
+                              : QStringLiteral("the calibration is good");
+        break;
+    case Kind::SetNoise:
+        if (statement.number > bench.maximumNoise())
+            return failed(QStringLiteral("the noise goes up to %1 increments").arg(bench.maximumNoise()));
+        bench.setNoise(statement.number);
+        disturb();
+        result = QStringLiteral("noise of %1 increments").arg(bench.noise());
+        break;
+    case Kind::SetDrift:
+        if (std::fabs(statement.number) > bench.maximumDrift())
+            return failed(QStringLiteral("the drift goes up to %1 g/min").arg(bench.maximumDrift()));
+        bench.setDrift(statement.number);
+        disturb();
+        result = QStringLiteral("drift of %1 g/min").arg(bench.drift());
+        break;
+    case Kind::Disconnect:
+        bench.setConnected(false);
+        result = QStringLiteral("the cable is out");
+        break;
+    default:
+        bench.setConnected(true);
+        disturb();
+        result = QStringLiteral("the cable is in");
+        break;
+    }
+    TimeDriver::settle();
+    return done(result);
+}
+
+ScriptRunner::Outcome ScriptRunner::wait(const Statement& statement)
+{
+    std::function<bool()> condition;
+    QString missed;
+    qint64 limitMs = statement.withinMs;
+    switch (statement.kind) {
+    case Kind::WaitStable:
+        condition = [this] { return isStableAgain(); };
+        missed = QStringLiteral("the weight was not stable");
+        break;
+    case Kind::WaitDisplay:
+        condition = [this, &statement] { return m_session.display().value == statement.text; };
+        missed = QStringLiteral("the display did not show ") + quoted(statement.text);
+        break;
+    case Kind::WaitEnd:
+        condition = [this] { return m_session.isSourceFinished(); };
+        limitMs = std::numeric_limits<qint64>::max() / 2; // A recording always ends.
+        break;
+    default:
+        condition = [] { return false; };
+        break;
+    }
+    const TimeDriver::Result result = m_driver.runUntil(condition, limitMs);
+    if (result == TimeDriver::Result::TimedOut && statement.kind != Kind::WaitTime)
+        return failed(
+            QStringLiteral("%1 within %2; it shows %3").arg(missed, seconds(limitMs), displayText()));
+    return done(m_session.display().line());
+}
+
+/// A load that the script has changed counts as stable only by readings that came after the change.
+bool ScriptRunner::isStableAgain() const
+{
+    Scale& scale = m_session.scale();
+    if (!scale.isStable())
+        return false;
+    const auto spanMs = static_cast<qint64>(m_session.options().stability.seconds * 1000.0);
+    return !m_disturbedMs || scale.lastReading().timeMs > *m_disturbedMs + spanMs;
+}
+
+void ScriptRunner::disturb()
+{
+    m_disturbedMs = m_session.clock().nowMs();
+}
+
+QString ScriptRunner::displayText() const
+{
+    const DisplayText display = m_session.display();
+    return display.value.isEmpty() ? QStringLiteral("nothing") : quoted(display.value);
+}
+
+ScriptRunner::Outcome ScriptRunner::press(const QString& uid)
+{
+    ActionListModel& actions = m_session.actions();
+    const ActionEntry* const action = findAction(actions, uid);
+    if (!action)
+        return failed(noSuchAction(actions, uid));
+    if (!action->enabled)
+        return failed(QStringLiteral("the key \"%1\" is disabled").arg(uid));
+    InstrumentModel& instrument = m_session.instrument();
+    const QString noticeBefore = instrument.noticeVisible() ? instrument.noticeText() : QString();
+    actions.press(uid);
+    TimeDriver::settle();
+    QString result = m_session.display().line();
+    if (instrument.noticeVisible() && instrument.noticeText() != noticeBefore)
+        result += QStringLiteral("; notice: ")
+                  + instrument.noticeText().replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return done(result);
+}
+
+ScriptRunner::Outcome ScriptRunner::pressPrint()
+{
+    InstrumentModel& instrument = m_session.instrument();
+    if (!instrument.printEnabled())
+        return failed(QStringLiteral("the print key is disabled"));
+    emit instrument.printPressed();
+    TimeDriver::settle();
+    return done(QStringLiteral("print requested"));
+}
+
+ScriptRunner::Outcome ScriptRunner::startPlugin(const QString& id)
+{
+    PluginManager& plugins = m_session.host().plugins();
+    const int index = plugins.indexOf(id);
+    if (index < 0) {
+        QStringList ids;
+        for (const PluginInfo& plugin : plugins.plugins())
+            ids.append(plugin.identifier);
+        return failed(QStringLiteral("there is no plug-in \"%1\"; there are: %2")
+                          .arg(id, ids.isEmpty() ? QStringLiteral("none") : ids.join(QStringLiteral(", "))));
+    }
+    plugins.activate(index);
+    plugins.waitUntilSettled();
+    TimeDriver::settle();
+    const PluginInfo plugin = plugins.plugins().at(index);
+    if (plugin.state != PluginState::Running)
+        return failed(QStringLiteral("the plug-in \"%1\" is not running: %2").arg(id, plugin.fault));
+    return done(QStringLiteral("%1 is running").arg(plugin.name));
+}
+
+ScriptRunner::Outcome ScriptRunner::closePlugin()
+{
+    PluginManager& plugins = m_session.host().plugins();
+    const int index = plugins.activeIndex();
+    if (index < 0)
+        return failed(QStringLiteral("no plug-in is running"));
+    plugins.deactivate();
+    plugins.waitUntilSettled();
+    TimeDriver::settle();
+    const PluginInfo plugin = plugins.plugins().at(index);
+    if (plugin.state != PluginState::Initialised)
+        return failed(
+            QStringLiteral("the plug-in \"%1\" has not closed: %2").arg(plugin.identifier, plugin.fault));
+    return done(QStringLiteral("%1 has closed").arg(plugin.name));
+}
+
+ScriptRunner::Outcome ScriptRunner::takeScreenshot(const QString& file)
+{
+    const QString path = m_folder.isEmpty() ? file : QDir(m_folder).filePath(file);
+    QString error;
+    if (!m_session.grab(path, &error))
+        return failed(error);
+    ++m_screenshotCount;
+    return done(QStringLiteral("saved"));
+}
+
+ScriptRunner::Outcome ScriptRunner::expect(const Statement& statement)
+{
+    const InstrumentModel& instrument = m_session.instrument();
+    const DisplayText display = m_session.display();
+    switch (statement.kind) {
+    case Kind::ExpectDisplay:
+        return expected(display.value == statement.text, QStringLiteral("display ") + quoted(statement.text),
+                        QStringLiteral("it shows ") + displayText());
+    case Kind::ExpectStable:
+        return expected(
+            display.stable == statement.on,
+            statement.on ? QStringLiteral("a stable display") : QStringLiteral("an unstable display"),
+            QStringLiteral("it shows %1, %2")
+                .arg(displayText(), display.stable ? QStringLiteral("stable") : QStringLiteral("unstable")));
+    case Kind::ExpectNet:
+        return expected(display.net == statement.on, QStringLiteral("net ") + onOff(statement.on),
+                        QStringLiteral("it is ") + onOff(display.net));
+    case Kind::ExpectLevellingWarning:
+        return expectText(
+            QStringLiteral("levelling warning"), statement,
+            warningText(instrument.warnings(), "levellingRequiredVisible", "levellingRequiredText"));
+    case Kind::ExpectCalibrationWarning:
+        return expectText(
+            QStringLiteral("calibration warning"), statement,
+            warningText(instrument.warnings(), "calibrationRequiredVisible", "calibrationRequiredText"));
+    case Kind::ExpectActionEnabled:
+    case Kind::ExpectActionToggle:
+    case Kind::ExpectActionText:
+        return expectAction(statement);
+    case Kind::ExpectPrint:
+        return expected(instrument.printEnabled() == statement.on,
+                        QStringLiteral("the print key ") + enabledDisabled(statement.on),
+                        QStringLiteral("it is ") + enabledDisabled(instrument.printEnabled()));
+    case Kind::ExpectNotice: {
+        const QString notice = instrument.noticeVisible() ? instrument.noticeText() : QString();
+        const Outcome outcome = expectPart(QStringLiteral("notice"), statement, notice);
+        if (outcome.ok && !statement.none)
+            m_session.forgiveErrors(statement.text);
+        return outcome;
+    }
+    case Kind::ExpectTransfer:
+        return expectText(QStringLiteral("transfer"), statement, m_session.lastTransfer());
+    case Kind::ExpectInfo: {
+        QStringList lines;
+        for (const QObject* item : instrument.infoItems())
+            lines.append(infoText(item));
+        return expectPart(QStringLiteral("info"), statement, lines.join(QStringLiteral("; ")));
+    }
+    case Kind::ExpectHostCall:
+        return expected(m_session.host().calls().contains(statement.text),
+                        QStringLiteral("host call ") + quoted(statement.text),
+                        similarCalls(m_session.host().calls().calls(), statement.text));
+    case Kind::ExpectNoHostCall: {
+        const QStringList found = m_session.host().calls().calls().filter(statement.text);
+        return expected(found.isEmpty(), QStringLiteral("no host call ") + quoted(statement.text),
+                        QStringLiteral("there was ") + found.value(0));
+    }
+    default: // ExpectLog
+        return expected(m_session.log().contains(statement.text),
+                        QStringLiteral("a log line with ") + quoted(statement.text),
+                        QStringLiteral("there is none (the log level may be too high; see --log-level)"));
+    }
+}
+
+ScriptRunner::Outcome ScriptRunner::expectText(const QString& what, const Statement& statement,
+                                               const QString& found)
+{
+    const bool met = statement.none ? found.isEmpty() : found == statement.text;
+    return expected(
+        met, statement.none ? QStringLiteral("no ") + what : what + QLatin1Char(' ') + quoted(statement.text),
+        found.isEmpty() ? QStringLiteral("there is none") : QStringLiteral("it is ") + quoted(found));
+}
+
+ScriptRunner::Outcome ScriptRunner::expectPart(const QString& what, const Statement& statement,
+                                               const QString& found)
+{
+    const bool met = statement.none ? found.isEmpty() : found.contains(statement.text);
+    return expected(met,
+                    statement.none ? QStringLiteral("no ") + what
+                                   : QStringLiteral("%1 with %2").arg(what, quoted(statement.text)),
+                    found.isEmpty() ? QStringLiteral("there is none")
+                                    : QStringLiteral("it is ") + quoted(found));
+}
+
+ScriptRunner::Outcome ScriptRunner::expectAction(const Statement& statement)
+{
+    const ActionListModel& actions = m_session.actions();
+    const ActionEntry* const action = findAction(actions, statement.word);
+    const QString what = QStringLiteral("key ") + quoted(statement.word) + QLatin1Char(' ');
+    if (!action)
+        return expected(false, what, noSuchAction(actions, statement.word));
+    switch (statement.kind) {
+    case Kind::ExpectActionEnabled:
+        return expected(action->enabled == statement.on, what + enabledDisabled(statement.on),
+                        QStringLiteral("it is ") + enabledDisabled(action->enabled));
+    case Kind::ExpectActionToggle:
+        return expected(action->toggle && action->toggleIndex == statement.number,
+                        what + QStringLiteral("in state %1").arg(statement.number),
+                        action->toggle ? QStringLiteral("it is in state %1").arg(action->toggleIndex)
+                                       : QStringLiteral("it has no states"));
+    default:
+        return expected(action->name == statement.text,
+                        what + QStringLiteral("with text ") + quoted(statement.text),
+                        QStringLiteral("its text is ") + quoted(action->name));
+    }
+}
+
+} // namespace Terminal
+} // namespace Brimvale
