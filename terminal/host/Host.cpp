@@ -134,7 +134,7 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     connect(&m_workflowManager, &WorkflowManager::printButtonEnableChanged, this,
             &Host::onPrintButtonEnableChange);
     connect(&m_view, &ViewHost::publishedObjectsChanged, this, &Host::updateModels);
-    connect(&m_plugins, &PluginManager::aboutToStart, &m_notices, &Notices::forgetPluginFaults);
+    connect(&m_plugins, &PluginManager::aboutToStart, this, &Host::onAboutToStart);
     connect(&m_plugins, &PluginManager::pluginStarted, this, &Host::updateModels);
     connect(&m_plugins, &PluginManager::released, this, &Host::onReleased);
     connect(&m_plugins, &PluginManager::faultOccurred, this, &Host::onFault);
@@ -220,6 +220,18 @@ void Host::reportException(const QString& exception)
     const QString name = m_plugins.activeName();
     m_notices.postPluginFault(name.isEmpty() ? tr("An application failed: %1").arg(exception)
                                              : tr("The application \"%1\" failed: %2").arg(name, exception));
+}
+
+void Host::onAboutToStart()
+{
+    m_notices.forgetPluginFaults();
+    // A plug-in makes this connection when it is initialised and cuts it when it closes: it is due again at a second
+    // start.
+    QObject* const plugin = m_plugins.activeObject();
+    if (plugin->metaObject()->indexOfSignal("notifyPrintButtonEnableChange(bool)") >= 0) {
+        connect(plugin, SIGNAL(notifyPrintButtonEnableChange(bool)), &m_workflowManager,
+                SLOT(onPrintButtonEnableChange(bool)), Qt::UniqueConnection);
+    }
 }
 
 void Host::onReleased()

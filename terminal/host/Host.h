@@ -167,6 +167,7 @@ signals:
     void transferred(const Brimvale::Terminal::TransferRecord& record);
 
 private:
+    void onAboutToStart();
     void onReleased();
     void onFault(const PluginFault& fault);
     void updateModels();

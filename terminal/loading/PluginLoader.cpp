@@ -320,7 +320,9 @@ QString loadStageName(LoadStage stage)
 
 QString loadFailureMessage(const QString& file, LoadStage stage, const QString& cause, const QString& mend)
 {
-    return tr("Plug-in %1 was not loaded (%2): %3. %4").arg(file, loadStageName(stage), cause, mend);
+    return stage == LoadStage::Folder
+               ? tr("No plug-ins were loaded from %1: %2. %3").arg(file, cause, mend)
+               : tr("Plug-in %1 was not loaded (%2): %3. %4").arg(file, loadStageName(stage), cause, mend);
 }
 
 LoadResult loadPluginFile(const QString& file)

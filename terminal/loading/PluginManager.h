@@ -6,6 +6,7 @@
 #include "loading/PluginLoader.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QTimer>
 #include <QVector>
@@ -175,7 +176,7 @@ signals:
 private:
     struct Plugin
     {
-        QObject* object = nullptr; ///< Destroyed by the manager.
+        QPointer<QObject> object;  ///< Destroyed by the manager.
         IPlugin* plugin = nullptr; ///< Null when the object has not the interface; it has failed then.
         QString file;
         QString canonicalFile;
