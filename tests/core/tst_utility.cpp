@@ -490,7 +490,8 @@ void TestUtility::roundToWhole_data()
     QTest::newRow("half") << 2.5 << 3.0;
     QTest::newRow("half, negative") << -2.5 << -3.0;
     QTest::newRow("below the half") << 2.4999 << 2.0;
-    QTest::newRow("below the half by less than the tolerance") << 0.49999999999999994 << 1.0;
+    QTest::newRow("below the half by less than the tolerance") << 2.5 - 5e-15 << 3.0;
+    QTest::newRow("below the half by more than the tolerance") << 2.5 - 2e-14 << 2.0;
     QTest::newRow("whole") << 7.0 << 7.0;
     QTest::newRow("zero") << 0.0 << 0.0;
     QTest::newRow("negative zero is not negative") << -0.0 << 0.0;
