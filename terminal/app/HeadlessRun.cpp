@@ -8,6 +8,7 @@
 #include "script/ScriptRunner.h"
 
 #include <QDir>
+#include <QSet>
 
 #include <limits>
 
@@ -84,6 +85,88 @@ bool play(Session& session, TimeDriver& driver, const Script& script)
     return ok;
 }
 
+/// Takes plug-ins through their lives and tells how each step went.
+class PluginCheck
+{
+public:
+    explicit PluginCheck(Session& session)
+        : m_session(session)
+        , m_plugins(session.host().plugins())
+    {
+        QObject::connect(&session.host(), &Host::notice, &m_listener,
+                         [this](NoticeSeverity severity, const QString& text) {
+                             (severity == NoticeSeverity::Error ? m_faults : m_remarks).append(text);
+                         });
+    }
+
+    /// Returns whether no step failed.
+    bool run(const LoadResult& loaded)
+    {
+        printLine(loaded.file);
+        if (!loaded.ok) {
+            m_faults.append(loaded.message);
+            return tell("load");
+        }
+        const int index = indexOf(loaded);
+        const PluginInfo info = m_plugins.plugins().at(index);
+        tell("load", QStringLiteral(": %1 \"%2\"").arg(info.identifier, info.name));
+        m_plugins.activate(index);
+        settle();
+        bool ok = tell("start");
+        if (m_plugins.activeIndex() == index) {
+            m_plugins.deactivate();
+            settle();
+            ok = tell("close") && ok;
+        }
+        return ok;
+    }
+
+private:
+    int indexOf(const LoadResult& loaded) const
+    {
+        const QVector<PluginInfo> infos = m_plugins.plugins();
+        for (int index = 0; index < infos.size(); ++index) {
+            if (infos.at(index).file == loaded.file)
+                return index;
+        }
+        return -1;
+    }
+
+    void settle()
+    {
+        m_plugins.waitUntilSettled();
+        TimeDriver::settle();
+        // What a screen complains of is no failure, but the author wants to know; once.
+        const QStringList warnings = m_session.window().takeQmlWarnings();
+        for (const QString& warning : warnings) {
+            if (!m_knownWarnings.contains(warning))
+                m_remarks.append(warning);
+            m_knownWarnings.insert(warning);
+        }
+    }
+
+    bool tell(const char* step, const QString& result = QString())
+    {
+        const bool ok = m_faults.isEmpty();
+        printLine(
+            QStringLiteral("  %1%2").arg(QString::fromLatin1(step).leftJustified(7),
+                                         ok ? QStringLiteral("ok") + result : QStringLiteral("FAILED")));
+        for (const QString& text : m_faults + m_remarks)
+            printLine(QStringLiteral("    ")
+                      + QString(text).replace(QLatin1Char('\n'), QStringLiteral("\n    ")));
+        m_faults.clear();
+        m_remarks.clear();
+        return ok;
+    }
+
+    Session& m_session;
+    PluginManager& m_plugins;
+    QObject m_listener;
+    QStringList m_faults;  ///< Of the present step.
+    QStringList m_remarks; ///< Of the present step.
+    QSet<QString> m_knownWarnings;
+};
+
 } // namespace
 
 int runHeadless(Session& session, TimeDriver& driver, const Script* script)
@@ -119,11 +202,12 @@ int runHeadless(Session& session, TimeDriver& driver, const Script* script)
         }
     }
     session.shutDown();
-    // Each was logged when it happened; here it is told even where the log is off.
-    for (const QString& error : session.errors()) {
-        printError(error);
-        ok = false;
+    // Each was logged when it happened, unless the log is off.
+    if (options.logLevel > QsLogging::ErrorLevel) {
+        for (const QString& error : session.errors())
+            printError(error);
     }
+    ok = ok && session.errors().isEmpty();
     return ok ? ExitOk : ExitFailed;
 }
 
@@ -137,60 +221,15 @@ int runCheck(Session& session)
     for (const QString& directory : options.pluginDirectories)
         results += plugins.loadFolder(directory);
 
-    QStringList faults;
-    QObject listener;
-    QObject::connect(&session.host(), &Host::notice, &listener,
-                     [&faults](NoticeSeverity severity, const QString& text) {
-                         if (severity == NoticeSeverity::Error)
-                             faults.append(text);
-                     });
-    const auto tell = [&faults](const char* step, const QString& done) {
-        const QString head = QStringLiteral("  ") + QString::fromLatin1(step).leftJustified(7);
-        printLine(head + (faults.isEmpty() ? QStringLiteral("ok") + done : QStringLiteral("FAILED")));
-        for (const QString& fault : qAsConst(faults))
-            printLine(QStringLiteral("    ")
-                      + QString(fault).replace(QLatin1Char('\n'), QStringLiteral("\n    ")));
-        const bool ok = faults.isEmpty();
-        faults.clear();
-        return ok;
-    };
-
-    int failed = 0;
-    for (const LoadResult& result : qAsConst(results)) {
-        printLine(result.file);
-        if (!result.ok)
-            faults.append(result.message);
-        int index = -1;
-        QString name;
-        const QVector<PluginInfo> infos = plugins.plugins();
-        for (int i = 0; i < infos.size(); ++i) {
-            if (result.ok && infos.at(i).file == result.file) {
-                index = i;
-                name = QStringLiteral(": %1 \"%2\"").arg(infos.at(i).identifier, infos.at(i).name);
-            }
-        }
-        bool ok = tell("load", name);
-        if (ok) {
-            plugins.activate(index);
-            plugins.waitUntilSettled();
-            TimeDriver::settle();
-            faults += session.window().takeQmlWarnings();
-            ok = tell("start", QString());
-        }
-        if (ok) {
-            plugins.deactivate();
-            plugins.waitUntilSettled();
-            TimeDriver::settle();
-            faults += session.window().takeQmlWarnings();
-            ok = tell("close", QString());
-        }
-        failed += ok ? 0 : 1;
-    }
+    PluginCheck check(session);
+    int faulty = 0;
+    for (const LoadResult& result : qAsConst(results))
+        faulty += check.run(result) ? 0 : 1;
     session.shutDown();
     printLine(QStringLiteral("%1 checked, %2")
                   .arg(counted(results.size(), "plug-in", "plug-ins"),
-                       failed == 0 ? QStringLiteral("no fault") : QStringLiteral("%1 FAULTY").arg(failed)));
-    return failed == 0 ? ExitOk : ExitFailed;
+                       faulty == 0 ? QStringLiteral("no fault") : QStringLiteral("%1 FAULTY").arg(faulty)));
+    return faulty == 0 ? ExitOk : ExitFailed;
 }
 
 } // namespace Terminal
