@@ -958,6 +958,19 @@ void TestUtility::removeSubOrSuperscriptText_data()
     row("tag made by a later removal is cut", "<s</sub>ub>x", ">x");
     row("longer forms go first", "<sub<sub>>", ">");
     row("each text once", "<<ss", "<s");
+    // The second text, removed, leaves the first, whose turn is over.
+    row("<sub> before </sub>", "<</sub>sub>", ">");
+    row("</sub> before <sup>", "<<sup>/sub>", ">");
+    row("<sup> before </sup>", "<</sup>sup>", ">");
+    row("</sup> before <sub", "<<sub/sup>", ">");
+    row("<sub before </sub", "<</subsub", "b");
+    row("</sub before <sup", "<<sup/sub", "b");
+    row("<sup before </sup", "<</supsup", "p");
+    row("</sup before <su", "<<su/sup", "p");
+    row("<su before </su", "<</susu", "u");
+    row("</su before <s", "<<s/su", "u");
+    row("<s before </s", "<</ss", "<s");
+    row("</s before </", "<<//s", "</s");
 }
 
 void TestUtility::removeSubOrSuperscriptText()
