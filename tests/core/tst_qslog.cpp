@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <atomic>
+#include <chrono>
 #include <memory>
 #include <stdexcept>
 #include <thread>
@@ -75,6 +77,27 @@ public:
     bool isValid() override { return false; }
 
     int written = 0;
+};
+
+// Notices when it is called while it is being called.
+class OverlapDestination : public Destination
+{
+public:
+    void write(const QString&, Level) override
+    {
+        if (++m_calls > 1)
+            overlapped = true;
+        std::this_thread::sleep_for(std::chrono::microseconds(50));
+        --m_calls;
+        ++lineCount;
+    }
+    bool isValid() override { return true; }
+
+    std::atomic<bool> overlapped{false};
+    std::atomic<int> lineCount{0};
+
+private:
+    std::atomic<int> m_calls{0};
 };
 
 // Collects what is written to a file descriptor of the process.
@@ -145,6 +168,7 @@ private slots:
     void throwingDestinationHarmsNoOther();
     void destinationMayLog();
     void linesOfSeveralThreadsStayWhole();
+    void linesOfSeveralThreadsAreWrittenOneByOne();
 
     void fileIsAppendedTo();
     void fileIsInUtf8();
@@ -471,6 +495,23 @@ void TestQsLog::linesOfSeveralThreadsStayWhole()
                                          + QByteArray::number(next[thread]) + ' '));
         ++next[thread];
     }
+}
+
+void TestQsLog::linesOfSeveralThreadsAreWrittenOneByOne()
+{
+    const QSharedPointer<OverlapDestination> destination(new OverlapDestination);
+    Logger::instance().addDestination(destination);
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 8; ++thread) {
+        threads.emplace_back([] {
+            for (int line = 0; line < 100; ++line)
+                QLOG_INFO() << line;
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    QCOMPARE(destination->lineCount.load(), 800);
+    QVERIFY(!destination->overlapped);
 }
 
 void TestQsLog::fileIsAppendedTo()
