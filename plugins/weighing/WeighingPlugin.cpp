@@ -166,6 +166,7 @@ void WeighingPlugin::InitActionbar()
 bool WeighingPlugin::PostStartPlugin()
 {
     m_infobox->SetItems({m_grossItem, m_tareItem, m_countItem});
+    showSettings();
 
     // The interface is no QObject, but the object behind it is.
     connect(dynamic_cast<QObject*>(m_system->GetWeighing()), SIGNAL(NotifyNewMeasurementValue()), this,

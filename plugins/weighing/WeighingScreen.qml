@@ -1,26 +1,70 @@
 // SPDX-License-Identifier: BSD-3-Clause
 import QtQuick 2.15
 
-// Shown in the terminal's application area, below the main display. The view model is there as "weighing".
+// Shown in the terminal's application area, below the main display; the host gives it its size. The view model is there
+// as "weighing".
 Item {
     id: screen
 
+    // By the view model's PrintState.
     readonly property var stateTexts: [
-        qsTr("Ready"),
+        qsTr("Ready to print"),
         qsTr("Waiting for a stable weight…"),
         qsTr("Printed"),
         qsTr("Not printed: below the minimum weight"),
         qsTr("Not printed: no valid weight")
     ]
+    readonly property var stateColors: ["#8E9A9D", "#F4B63C", "#1E8E50", "#B3261E", "#B3261E"]
 
-    Column {
-        anchors.verticalCenter: parent.verticalCenter
-        anchors.left: parent.left
-        anchors.leftMargin: 24
-        spacing: 8
+    component Field: Column {
+        property alias title: titleText.text
+        property alias value: valueText.text
 
-        Text { text: qsTr("Last print"); font.pixelSize: 18 }
-        Text { text: weighing.lastTransfer === "" ? "–" : weighing.lastTransfer; font.pixelSize: 40 }
-        Text { text: screen.stateTexts[weighing.printState]; font.pixelSize: 18 }
+        spacing: 4
+
+        Text {
+            id: titleText
+            color: "#49565B"
+            font.pixelSize: 15
+        }
+        Text {
+            id: valueText
+            color: "#11191C"
+            font.pixelSize: 36
+        }
+    }
+
+    Row {
+        x: 24
+        y: 32
+        spacing: 56
+
+        Field {
+            title: qsTr("Last print")
+            value: weighing.lastTransfer === "" ? "–" : weighing.lastTransfer
+        }
+        Field {
+            title: qsTr("Minimum weight")
+            value: weighing.minimumWeight === "" ? qsTr("none") : weighing.minimumWeight
+        }
+    }
+
+    Row {
+        x: 24
+        y: screen.height - 64
+        spacing: 12
+
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            width: 12
+            height: 12
+            radius: 6
+            color: screen.stateColors[weighing.printState]
+        }
+        Text {
+            color: "#11191C"
+            font.pixelSize: 18
+            text: screen.stateTexts[weighing.printState]
+        }
     }
 }

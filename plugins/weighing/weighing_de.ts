@@ -39,10 +39,6 @@
 <context>
     <name>WeighingScreen</name>
     <message>
-        <source>Ready</source>
-        <translation>Bereit</translation>
-    </message>
-    <message>
         <source>Waiting for a stable weight…</source>
         <translation>Warten auf ein stabiles Gewicht…</translation>
     </message>
@@ -61,6 +57,18 @@
     <message>
         <source>Last print</source>
         <translation>Letzter Druck</translation>
+    </message>
+    <message>
+        <source>Ready to print</source>
+        <translation>Druckbereit</translation>
+    </message>
+    <message>
+        <source>Minimum weight</source>
+        <translation>Mindestgewicht</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keines</translation>
     </message>
 </context>
 <context>
