@@ -57,6 +57,24 @@ QString textOf(const QList<QQmlError>& errors)
     return lines.join(QLatin1Char('\n'));
 }
 
+void useTerminalFonts()
+{
+    const QStringList installed = QFontDatabase().families();
+    if (!installed.contains(QStringLiteral("Inter Display"))) {
+        qWarning("The font Inter Display is not installed, another one shows the weight; "
+                 "install the Debian package fonts-inter.");
+    }
+    QFont font(QStringLiteral("Roboto"));
+    if (!installed.contains(font.family())) {
+        qWarning("The font Roboto is not installed, another one takes its place; "
+                 "install the Debian package fonts-roboto-unhinted.");
+        font = QGuiApplication::font();
+    }
+    // Unhinted, letters have the same shapes and places whatever the desktop's settings are.
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QGuiApplication::setFont(font);
+}
+
 /// Whether \a item, or an item in it, is an image or a loader that has not finished.
 bool isPending(const QQuickItem* item)
 {
@@ -105,19 +123,12 @@ bool TerminalWindow::load(QString* error)
     initResources();
 
     const bool offscreen = QGuiApplication::platformName() == QLatin1String("offscreen");
-    if (offscreen || qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {
+    const bool choiceIsOurs = offscreen || qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND");
+    if (choiceIsOurs && QQuickWindow::sceneGraphBackend() != QLatin1String("software")) {
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
     }
 
-    QFont font(QStringLiteral("Roboto"));
-    if (QFontDatabase().families().contains(font.family())) {
-        // Unhinted, letters have the same shapes and places whatever the desktop's settings are.
-        font.setHintingPreference(QFont::PreferNoHinting);
-        QGuiApplication::setFont(font);
-    } else {
-        qWarning("The font Roboto is not installed, another one takes its place; "
-                 "install the Debian package fonts-roboto-unhinted.");
-    }
+    useTerminalFonts();
 
     // For the values of InstrumentModel::Severity.
     qmlRegisterUncreatableType<InstrumentModel>("Brimvale.Terminal", 1, 0, "InstrumentModel",
@@ -159,7 +170,7 @@ bool TerminalWindow::load(QString* error)
 bool TerminalWindow::createRootItem(QString* error)
 {
     QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/terminal/ui/Main.qml")));
-    std::unique_ptr<QObject> root(component.create());
+    std::unique_ptr<QObject> root(component.isReady() ? component.create() : nullptr);
     if (!root) {
         setError(error,
                  QStringLiteral("The terminal's screen cannot be loaded:\n") + textOf(component.errors()));
@@ -348,6 +359,10 @@ QString TerminalWindow::createPluginScreen(const QUrl& screen)
     if (component.isLoading()) {
         return QStringLiteral("%1: a screen is loaded from a file or a resource, not from a network.")
             .arg(screen.toString());
+    }
+
+    if (!component.isReady()) {
+        return textOf(component.errors());
     }
 
     // A context of its own: what one plug-in publishes does not reach the terminal's screen, and deleting the

@@ -27,12 +27,12 @@ Rectangle {
         y: 12
         name: key.icon
         size: 28
-        color: key.enabled ? Theme.onFrame : Theme.onFrameFaint
+        color: key.enabled ? Theme.frameInk : Theme.frameInkFaint
     }
     Text {
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.margins: Theme.unit
+        anchors.margins: 6
         anchors.top: key.icon.length > 0 ? picture.bottom : parent.top
         anchors.bottom: parent.bottom
         anchors.topMargin: key.icon.length > 0 ? 0 : key.toggle ? 4 : Theme.unit
@@ -48,7 +48,7 @@ Rectangle {
         minimumPixelSize: Theme.captionSize
         font.pixelSize: Theme.bodySize
         font.weight: Font.Medium
-        color: key.enabled ? Theme.onFrame : Theme.onFrameFaint
+        color: key.enabled ? Theme.frameInk : Theme.frameInkFaint
     }
 
     // The state of a toggle key: a lamp for on and off, otherwise one pip per state.
@@ -65,7 +65,7 @@ Rectangle {
                 width: key.maxToggleIndex > 1 ? 8 : 40
                 height: key.maxToggleIndex > 1 ? 8 : 6
                 radius: height / 2
-                color: lit ? (key.enabled ? Theme.accentLit : Theme.onFrameFaint) : Theme.frame
+                color: lit ? (key.enabled ? Theme.accentLit : Theme.frameInkFaint) : Theme.frame
             }
         }
     }

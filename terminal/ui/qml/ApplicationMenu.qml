@@ -2,7 +2,8 @@
 import QtQuick 2.15
 import "."
 
-// The list from which the person chooses the application. A tap beside it closes it.
+// The list from which the person chooses the application. It lies over the application area, so that no part of the
+// weight is hidden: a weight with its first figures covered is a wrong weight. A tap elsewhere closes it.
 Item {
     id: menu
 
@@ -15,70 +16,49 @@ Item {
         onClicked: menu.visible = false
     }
     Rectangle {
-        width: 400
-        height: list.height + 2 * Theme.unit
+        y: Theme.statusHeight + Theme.displayHeight
+        width: parent.width
+        height: Math.min(Theme.applicationHeight, Math.ceil(list.count / 3) * list.cellHeight + Theme.unit)
         color: Theme.frame
 
-        ListView {
+        GridView {
             id: list
             objectName: "applicationList"
-            y: Theme.unit
-            width: parent.width
-            height: Math.min(contentHeight, 6 * 64)
+            anchors.fill: parent
+            anchors.leftMargin: Theme.unit
+            anchors.topMargin: Theme.unit
             clip: true
             boundsBehavior: Flickable.StopAtBounds
+            cellWidth: Math.floor(width / 3)
+            cellHeight: 64 + Theme.unit
             model: instrument.plugins
 
-            delegate: Rectangle {
-                width: list.width
-                height: 64
-                color: choice.pressed ? Theme.keyPressed : modelData.active ? Theme.key : "transparent"
+            delegate: ApplicationKey {
+                objectName: "application:" + modelData.id
+                width: list.cellWidth - Theme.unit
+                height: list.cellHeight - Theme.unit
+                ground: Theme.key
+                radius: Theme.radius
+                picture: modelData.icon
+                text: modelData.name
+                fontWeight: modelData.active ? Font.Medium : Font.Normal
+                onClicked: {
+                    menu.visible = false
+                    instrument.pluginSelected(index)
+                }
 
                 Rectangle {
                     visible: modelData.active
+                    y: 16
                     width: 4
-                    height: parent.height
+                    height: parent.height - 32
+                    radius: 2
                     color: Theme.accentLit
                 }
-                Image {
-                    id: picture
-                    x: 20
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 28
-                    height: 28
-                    sourceSize: Qt.size(28, 28)
-                    source: modelData.icon
-                    fillMode: Image.PreserveAspectFit
-                }
-                Icon {
-                    visible: picture.status !== Image.Ready
-                    x: 20
-                    anchors.verticalCenter: parent.verticalCenter
-                    name: "application"
-                    size: 28
-                    strokeWidth: 1.6
-                    color: Theme.onFrameSoft
-                }
-                Text {
-                    anchors.left: parent.left
-                    anchors.leftMargin: 60
-                    anchors.right: parent.right
-                    anchors.rightMargin: 16
-                    anchors.verticalCenter: parent.verticalCenter
-                    text: modelData.name
-                    elide: Text.ElideRight
-                    font.pixelSize: Theme.titleSize
-                    color: Theme.onFrame
-                }
-                MouseArea {
-                    id: choice
-                    anchors.fill: parent
-                    onClicked: {
-                        menu.visible = false
-                        instrument.pluginSelected(index)
-                    }
-                }
             }
+        }
+        ScrollMark {
+            target: list
         }
     }
 }

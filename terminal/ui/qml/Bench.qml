@@ -73,7 +73,7 @@ Rectangle {
             objectName: "benchLoad"
             anchors.bottom: parent.bottom
             width: parent.width - clearKey.width - Theme.unit
-            text: panel.signed(bench.load, panel.decimals()) + " g"
+            text: (bench.load < 0 ? "\u2212" : "") + Math.abs(bench.load).toFixed(panel.decimals()) + " g"
             elide: Text.ElideRight
             font.pixelSize: Theme.titleSize
             font.weight: Font.Medium

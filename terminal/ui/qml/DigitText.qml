@@ -51,11 +51,14 @@ Item {
 
     FontMetrics {
         id: metrics
+        font.family: Theme.displayFamily
         font.pixelSize: digits.pixelSize
         font.weight: digits.weight
     }
-    readonly property real digitWidth: metrics.advanceWidth("0")
-    readonly property real pointWidth: metrics.advanceWidth(".")
+    // Whole pixels, so that a figure looks the same in every place.
+    readonly property int digitWidth: Math.round(metrics.advanceWidth("0"))
+    readonly property int pointWidth: Math.round(metrics.advanceWidth("."))
+    readonly property int signWidth: Math.round(metrics.advanceWidth("0") * 0.85)
 
     Row {
         id: row
@@ -76,9 +79,10 @@ Item {
                 id: cell
                 readonly property var content: digits.cells[index] || { "sign": "", "kind": "digit" }
                 readonly property bool isFramed: content.kind === "framed"
+                objectName: content.kind
 
                 width: content.kind === "point" || content.kind === "emptyPoint" ? digits.pointWidth
-                                                                                 : digits.digitWidth
+                     : content.kind === "sign" ? digits.signWidth : digits.digitWidth
                 height: metrics.height
 
                 Rectangle {
@@ -96,6 +100,7 @@ Item {
                     anchors.horizontalCenter: parent.horizontalCenter
                     y: metrics.ascent - baselineOffset - (cell.isFramed ? digits.pixelSize * 0.06 : 0)
                     text: cell.content.sign
+                    font.family: Theme.displayFamily
                     font.pixelSize: digits.pixelSize * (cell.isFramed ? 0.8 : 1)
                     font.weight: digits.weight
                     color: cell.isFramed ? digits.softColor
@@ -105,8 +110,8 @@ Item {
                     visible: cell.content.kind === "empty"
                     anchors.horizontalCenter: parent.horizontalCenter
                     y: metrics.ascent - height
-                    width: Math.round(digits.digitWidth * 0.5)
-                    height: Math.max(2, Math.round(digits.pixelSize / 24))
+                    width: Math.round(digits.digitWidth * 0.45)
+                    height: Math.max(2, Math.round(digits.pixelSize / 28))
                     color: digits.faintColor
                 }
             }
@@ -118,6 +123,7 @@ Item {
         visible: !digits.numeric
         anchors.right: parent.right
         text: digits.text
+        font.family: Theme.displayFamily
         font.pixelSize: digits.pixelSize
         font.weight: digits.weight
         color: digits.color

@@ -29,16 +29,20 @@ Rectangle {
         delegate: Item {
             id: row
             readonly property QtObject info: modelData
+            readonly property int lineHeight: 3 * Theme.unit
             readonly property bool hasGroup: info ? info.itemGroupTitle.length > 0 : false
             readonly property bool hasValue: info ? info.itemValueTitle.length + info.itemValue.length > 0 : false
 
             width: list.width
-            height: (hasGroup ? 28 : 0) + (hasValue ? 28 : 0)
+            // A group stands off from the lines before it.
+            readonly property int gap: hasGroup && index > 0 ? Theme.unit : 0
+            height: gap + (hasGroup ? lineHeight : 0) + (hasValue ? lineHeight : 0)
 
             Text {
                 visible: row.hasGroup
+                y: row.gap
                 width: parent.width - 16
-                height: 28
+                height: row.lineHeight
                 verticalAlignment: Text.AlignVCenter
                 text: row.info ? row.info.itemGroupTitle : ""
                 elide: Text.ElideRight
@@ -48,9 +52,9 @@ Rectangle {
             }
             Item {
                 visible: row.hasValue
-                y: row.hasGroup ? 28 : 0
+                y: row.gap + (row.hasGroup ? row.lineHeight : 0)
                 width: parent.width - 16
-                height: 28
+                height: row.lineHeight
 
                 Text {
                     id: title

@@ -68,9 +68,7 @@ Rectangle {
         ApplicationMenu {
             id: menu
             objectName: "applicationMenu"
-            y: Theme.statusHeight
-            width: parent.width
-            height: parent.height - y
+            anchors.fill: parent
         }
     }
 

@@ -16,16 +16,18 @@ Rectangle {
     readonly property bool hasError: shown && errorText.length > 0
     readonly property bool hasValue: shown && !hasError && model.messwertVisible
     readonly property bool valid: model ? model.isValid : false
-    readonly property int baseline: 170
-    readonly property int valueRight: 824
-    readonly property int unitLeft: 844
+    readonly property int valueBaseline: 158
+    readonly property int smallBaseline: 206
+    readonly property int valueLeft: 136
+    readonly property int valueRight: 848
+    readonly property int unitLeft: 868
 
     color: Theme.display
 
     Text {
         id: plate
         x: Theme.margin
-        y: 18
+        y: 16
         text: instrument.scalePlate
         font.pixelSize: Theme.bodySize
         color: Theme.inkSoft
@@ -36,7 +38,7 @@ Rectangle {
         objectName: "warnings"
         anchors.right: parent.right
         anchors.rightMargin: Theme.margin
-        y: 12
+        y: 8
         spacing: Theme.unit
         readonly property real space: parent.width - plate.width - 3 * Theme.margin
 
@@ -62,23 +64,24 @@ Rectangle {
         readonly property bool stable: display.model ? display.model.stabilityValue > 0 : false
         visible: display.hasValue && display.model.stabilityVisible
         x: Theme.margin
-        y: 68
-        width: 32
+        y: 60
+        width: 40
         height: 32
 
         Rectangle {
             visible: parent.stable
-            anchors.centerIn: parent
-            width: 20
-            height: 20
-            radius: 10
+            anchors.verticalCenter: parent.verticalCenter
+            width: 24
+            height: 24
+            radius: 12
             color: Theme.good
         }
         Icon {
             visible: !parent.stable
-            anchors.centerIn: parent
+            x: -4
+            anchors.verticalCenter: parent.verticalCenter
             name: "wave"
-            size: 32
+            size: 40
             strokeWidth: 2.4
             color: Theme.inkSoft
         }
@@ -87,7 +90,7 @@ Rectangle {
         objectName: "netMark"
         visible: display.hasValue && display.model.netVisible
         x: Theme.margin
-        y: 108
+        y: 96
         filled: true
         text: display.model && display.model.netText.length > 0 ? display.model.netText : qsTr("NET")
     }
@@ -95,7 +98,7 @@ Rectangle {
         objectName: "ptMark"
         visible: display.hasValue && display.model.ptVisible
         x: Theme.margin
-        y: 142
+        y: 132
         text: display.model && display.model.ptText.length > 0 ? display.model.ptText : qsTr("PT")
     }
 
@@ -105,8 +108,8 @@ Rectangle {
         visible: display.hasValue
         anchors.right: parent.left
         anchors.rightMargin: -display.valueRight
-        y: display.baseline - baselineOffset
-        width: display.valueRight - 112
+        y: display.valueBaseline - baselineOffset
+        width: display.valueRight - display.valueLeft
         text: !display.model ? "" : display.valid ? display.model.messwert : "\u2013\u2009\u2013\u2009\u2013"
         reduction: display.model && display.valid ? display.model.resolutionReduction : 0
         framed: display.model && display.valid ? display.model.eichDigit : 0
@@ -116,28 +119,31 @@ Rectangle {
         objectName: "unit"
         visible: display.hasValue && display.valid
         x: display.unitLeft
-        y: display.baseline - baselineOffset
+        y: display.valueBaseline - baselineOffset
         width: parent.width - Theme.margin - x
         text: display.model ? display.model.unit : ""
+        font.family: Theme.displayFamily
         font.pixelSize: Theme.unitSize
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: Theme.bodySize
         color: Theme.ink
     }
-    Tag {
-        objectName: "coarseMark"
-        visible: display.hasValue && display.valid && display.model.isGrobRange
+    Row {
+        visible: display.hasValue && display.valid
         x: display.unitLeft
-        y: 72
-        text: qsTr("COARSE")
-    }
-    Tag {
-        objectName: "calculatedMark"
-        visible: display.hasValue && display.valid && display.model.isCalculated
-        x: display.unitLeft + (display.model && display.model.isGrobRange ? 96 : 0)
-        y: 72
-        icon: "asterisk"
-        text: ""
+        y: 60
+        spacing: Theme.unit
+
+        Tag {
+            objectName: "coarseMark"
+            visible: display.model ? display.model.isGrobRange : false
+            text: qsTr("COARSE")
+        }
+        Tag {
+            objectName: "calculatedMark"
+            visible: display.model ? display.model.isCalculated : false
+            icon: "asterisk"
+        }
     }
 
     // An error takes the place of the value.
@@ -145,9 +151,9 @@ Rectangle {
         objectName: "error"
         visible: display.hasError
         x: Theme.margin
-        y: 60
+        y: 56
         width: parent.width - 2 * Theme.margin
-        height: 120
+        height: 128
         radius: Theme.radius
         color: Theme.error
 
@@ -168,6 +174,7 @@ Rectangle {
             anchors.rightMargin: 32
             anchors.verticalCenter: parent.verticalCenter
             text: display.errorText
+            font.family: Theme.displayFamily
             font.pixelSize: Theme.unitSize
             fontSizeMode: Text.Fit
             minimumPixelSize: Theme.titleSize
@@ -189,10 +196,11 @@ Rectangle {
 
         DigitText {
             id: smallValue
+            objectName: "smallValue"
             anchors.right: parent.left
             anchors.rightMargin: -display.valueRight
-            y: 214 - baselineOffset
-            width: display.valueRight - 112
+            y: display.smallBaseline - baselineOffset
+            width: display.valueRight - display.valueLeft
             pixelSize: Theme.smallDisplaySize
             weight: Font.Normal
             text: !display.model ? ""
@@ -203,10 +211,12 @@ Rectangle {
         }
         Text {
             id: smallUnit
+            objectName: "smallUnit"
             visible: display.model ? display.model.isValidKlein : false
             x: display.unitLeft
-            y: 214 - baselineOffset
+            y: display.smallBaseline - baselineOffset
             text: display.model ? display.model.unitKlein : ""
+            font.family: Theme.displayFamily
             font.pixelSize: Theme.titleSize
             color: Theme.inkSoft
         }
@@ -214,7 +224,7 @@ Rectangle {
             visible: display.model ? display.model.isValidKlein && display.model.isGrobRangeKlein : false
             anchors.left: smallUnit.right
             anchors.leftMargin: Theme.unit
-            y: 190
+            y: 178
             text: qsTr("COARSE")
         }
     }
@@ -224,7 +234,7 @@ Rectangle {
         visible: display.shown && !display.hasError && display.model.bargraphVisible
         x: Theme.margin
         width: parent.width - 2 * Theme.margin
-        anchors.bottom: parent.bottom
+        y: 220
         value: display.model ? display.model.bargraphValue : 0
     }
 }

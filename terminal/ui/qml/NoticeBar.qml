@@ -12,7 +12,7 @@ Rectangle {
     readonly property color foreground: severity === InstrumentModel.Warning ? Theme.ink : "white"
 
     visible: instrument.noticeVisible
-    height: 72
+    height: Math.max(72, texts.height + 24)
     radius: Theme.radius
     color: severity === InstrumentModel.Error ? Theme.error
          : severity === InstrumentModel.Warning ? Theme.attention : Theme.accent
@@ -20,6 +20,7 @@ Rectangle {
     Timer {
         // Restarted by every new notice; what is wrong stays until it is put away.
         id: leave
+        objectName: "noticeTimer"
         interval: 6000
         onTriggered: instrument.clearNotice()
     }
@@ -45,6 +46,7 @@ Rectangle {
         color: notice.foreground
     }
     Column {
+        id: texts
         anchors.left: mark.right
         anchors.leftMargin: 16
         anchors.right: dismiss.left
@@ -68,7 +70,7 @@ Rectangle {
             text: instrument.noticeText
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
-            maximumLineCount: instrument.noticeTitle.length > 0 ? 1 : 2
+            maximumLineCount: 2
             elide: Text.ElideRight
             font.pixelSize: Theme.bodySize
             color: notice.foreground

@@ -10,66 +10,32 @@ Rectangle {
 
     color: Theme.frame
 
-    Rectangle {
+    ApplicationKey {
         objectName: "applicationKey"
-        width: Math.max(160, Math.min(400, name.implicitWidth + 96))
+        width: Math.min(naturalWidth, state.x - 16)
         height: parent.height
-        color: selector.pressed ? Theme.keyPressed : "transparent"
+        space: 36
+        reachBelow: Theme.unit
+        enabled: instrument.plugins.length > 0
+        picture: instrument.activePluginIcon
+        text: instrument.pluginActive ? instrument.activePluginName : qsTr("No application")
+        textColor: instrument.pluginActive ? Theme.frameInk : Theme.frameInkSoft
+        fontWeight: Font.Medium
+        onClicked: line.applicationsRequested()
 
-        Image {
-            id: picture
-            x: 20
-            anchors.verticalCenter: parent.verticalCenter
-            width: 28
-            height: 28
-            sourceSize: Qt.size(28, 28)
-            source: instrument.activePluginIcon
-            fillMode: Image.PreserveAspectFit
-        }
         Icon {
-            visible: picture.status !== Image.Ready
-            x: 20
-            anchors.verticalCenter: parent.verticalCenter
-            name: "application"
-            size: 28
-            strokeWidth: 1.6
-            color: Theme.onFrameSoft
-        }
-        Text {
-            id: name
-            objectName: "applicationName"
-            anchors.left: parent.left
-            anchors.leftMargin: 60
-            anchors.right: chevron.left
-            anchors.rightMargin: Theme.unit
-            anchors.verticalCenter: parent.verticalCenter
-            text: instrument.pluginActive ? instrument.activePluginName : qsTr("No application")
-            elide: Text.ElideRight
-            font.pixelSize: Theme.titleSize
-            font.weight: Font.Medium
-            color: instrument.pluginActive ? Theme.onFrame : Theme.onFrameSoft
-        }
-        Icon {
-            id: chevron
-            visible: selector.enabled
+            visible: parent.enabled
             anchors.right: parent.right
             anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter
             name: "chevron"
             size: 20
-            color: Theme.onFrameSoft
-        }
-        MouseArea {
-            id: selector
-            objectName: "applicationSelector"
-            anchors.fill: parent
-            anchors.bottomMargin: -Theme.unit
-            enabled: instrument.plugins.length > 0
-            onClicked: line.applicationsRequested()
+            color: Theme.frameInkSoft
         }
     }
 
     Row {
+        id: state
         anchors.right: languageKey.left
         anchors.rightMargin: 12
         height: parent.height
@@ -83,7 +49,7 @@ Rectangle {
             text: instrument.statusText
             elide: Text.ElideRight
             font.pixelSize: Theme.bodySize
-            color: Theme.onFrameSoft
+            color: Theme.frameInkSoft
         }
         Row {
             anchors.verticalCenter: parent.verticalCenter
@@ -103,7 +69,7 @@ Rectangle {
                 text: instrument.sourceText
                 elide: Text.ElideRight
                 font.pixelSize: Theme.bodySize
-                color: instrument.sourceOk ? Theme.onFrame : Theme.errorLit
+                color: instrument.sourceOk ? Theme.frameInk : Theme.errorLit
             }
         }
         Icon {
@@ -111,7 +77,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             name: instrument.levelOk ? "level" : "tilt"
             size: 26
-            color: instrument.levelOk ? Theme.onFrameSoft : Theme.attention
+            color: instrument.levelOk ? Theme.frameInkSoft : Theme.attention
         }
         Text {
             objectName: "dateTime"
@@ -119,7 +85,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             text: instrument.dateTimeText
             font.pixelSize: Theme.bodySize
-            color: Theme.onFrame
+            color: Theme.frameInk
         }
     }
 
@@ -141,7 +107,7 @@ Rectangle {
             text: instrument.language.toUpperCase()
             font.pixelSize: Theme.bodySize
             font.weight: Font.Medium
-            color: Theme.onFrame
+            color: Theme.frameInk
         }
         MouseArea {
             id: language

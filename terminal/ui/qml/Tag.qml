@@ -10,8 +10,8 @@ Rectangle {
     property string icon
     property bool filled: false
 
-    implicitWidth: content.width + 20
-    implicitHeight: 28
+    implicitWidth: Math.max(32, content.width + 20)
+    implicitHeight: 32
     radius: 4
     color: filled ? Theme.ink : "transparent"
     border.width: filled ? 0 : 2
@@ -26,13 +26,14 @@ Rectangle {
             visible: tag.icon.length > 0
             anchors.verticalCenter: parent.verticalCenter
             name: tag.icon
-            size: 14
+            size: 18
             strokeWidth: 3
             color: tag.filled ? Theme.display : Theme.inkSoft
         }
         Text {
+            visible: text.length > 0
             text: tag.text
-            font.pixelSize: Theme.captionSize
+            font.pixelSize: Theme.bodySize
             font.weight: Font.Bold
             color: tag.filled ? Theme.display : Theme.inkSoft
         }

@@ -27,13 +27,26 @@ QtObject {
     readonly property int actionBarHeight: 96
     readonly property int infoWidth: 304
 
+    // Texts are set in the font of the application (Roboto), whose figures all have one width, so that a time or a sum
+    // does not fidget. What is read from afar (value, unit, error) is set in a face drawn for large sizes; its
+    // outlines carry their own hints, so that it looks the same in every picture.
+    readonly property string displayFamily: {
+        var installed = Qt.fontFamilies()
+        var wanted = ["Inter Display", "Inter"]
+        for (var i = 0; i < wanted.length; ++i) {
+            if (installed.indexOf(wanted[i]) >= 0)
+                return wanted[i]
+        }
+        return Qt.application.font.family
+    }
+
     // Type scale, in pixels.
     readonly property int captionSize: 15
     readonly property int bodySize: 18
     readonly property int titleSize: 22
     readonly property int smallDisplaySize: 36
     readonly property int unitSize: 64
-    readonly property int valueSize: 144
+    readonly property int valueSize: 136
 
     // Light field.
     readonly property color display: "#F8FAF9"
@@ -49,9 +62,9 @@ QtObject {
     readonly property color key: "#34434B"
     readonly property color keyPressed: "#566B75"
     readonly property color keyDisabled: "#1F2A30"
-    readonly property color onFrame: "#F3F6F6"
-    readonly property color onFrameSoft: "#A9B7BC"
-    readonly property color onFrameFaint: "#62727A"
+    readonly property color frameInk: "#F3F6F6"
+    readonly property color frameInkSoft: "#A9B7BC"
+    readonly property color frameInkFaint: "#73848C"
 
     readonly property color accent: "#0B6B7A"
     readonly property color accentLit: "#4CC7D4"
