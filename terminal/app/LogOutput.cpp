@@ -51,12 +51,17 @@ void logMessage(QtMsgType type, const QMessageLogContext& context, const QString
 class LogOutput::Lines : public QsLogging::Destination
 {
 public:
+    explicit Lines(int capacity)
+        : m_capacity(static_cast<std::size_t>(capacity))
+    {
+    }
+
     void write(const QString& message, QsLogging::Level) override
     {
         const QMutexLocker locker(&m_mutex);
         std::fputs((message + QLatin1Char('\n')).toUtf8().constData(), stderr);
         m_lines.push_back(message);
-        if (m_lines.size() > static_cast<std::size_t>(Capacity))
+        if (m_lines.size() > m_capacity)
             m_lines.pop_front();
     }
 
@@ -70,12 +75,13 @@ public:
     }
 
 private:
+    const std::size_t m_capacity;
     QMutex m_mutex;
     std::deque<QString> m_lines;
 };
 
-LogOutput::LogOutput(QsLogging::Level level)
-    : m_lines(new Lines)
+LogOutput::LogOutput(QsLogging::Level level, int capacity)
+    : m_lines(new Lines(capacity))
     , m_previousHandler(qInstallMessageHandler(logMessage))
 {
     QsLogging::Logger::instance().setLoggingLevel(level);

@@ -19,11 +19,11 @@ namespace Terminal
 class LogOutput
 {
 public:
-    /// How many lines are kept.
-    static constexpr int Capacity = 10000;
+    static constexpr int DefaultCapacity = 10000;
 
-    /// @param level the least important level that is written.
-    explicit LogOutput(QsLogging::Level level);
+    /// @param level    the least important level that is written.
+    /// @param capacity how many lines are kept.
+    explicit LogOutput(QsLogging::Level level, int capacity = DefaultCapacity);
     ~LogOutput();
     Q_DISABLE_COPY(LogOutput)
 

@@ -491,23 +491,28 @@ ScriptRunner::Outcome ScriptRunner::expectAction(const Statement& statement)
 {
     const ActionListModel& actions = m_session.actions();
     const ActionEntry* const action = findAction(actions, statement.word);
-    const QString what = QStringLiteral("key ") + quoted(statement.word) + QLatin1Char(' ');
-    if (!action)
-        return expected(false, what, noSuchAction(actions, statement.word));
+    QString what = QStringLiteral("key ") + quoted(statement.word) + QLatin1Char(' ');
+    bool met = false;
+    QString found;
     switch (statement.kind) {
     case Kind::ExpectActionEnabled:
-        return expected(action->enabled == statement.on, what + enabledDisabled(statement.on),
-                        QStringLiteral("it is ") + enabledDisabled(action->enabled));
+        what += enabledDisabled(statement.on);
+        met = action && action->enabled == statement.on;
+        found = action ? QStringLiteral("it is ") + enabledDisabled(action->enabled) : QString();
+        break;
     case Kind::ExpectActionToggle:
-        return expected(action->toggle && action->toggleIndex == statement.number,
-                        what + QStringLiteral("in state %1").arg(statement.number),
-                        action->toggle ? QStringLiteral("it is in state %1").arg(action->toggleIndex)
-                                       : QStringLiteral("it has no states"));
+        what += QStringLiteral("in state %1").arg(statement.number);
+        met = action && action->toggle && action->toggleIndex == statement.number;
+        found = action && action->toggle ? QStringLiteral("it is in state %1").arg(action->toggleIndex)
+                                         : QStringLiteral("it has no states");
+        break;
     default:
-        return expected(action->name == statement.text,
-                        what + QStringLiteral("with text ") + quoted(statement.text),
-                        QStringLiteral("its text is ") + quoted(action->name));
+        what += QStringLiteral("with text ") + quoted(statement.text);
+        met = action && action->name == statement.text;
+        found = action ? QStringLiteral("its text is ") + quoted(action->name) : QString();
+        break;
     }
+    return expected(met, what, action ? found : noSuchAction(actions, statement.word));
 }
 
 } // namespace Terminal

@@ -1,0 +1,574 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "SessionFixture.h"
+
+#include <QQuickItem>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace Brimvale::Terminal;
+
+class TestSession : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void ownKeysWithoutAPlugin();
+    void ownDisplayWithoutAPlugin();
+    void ownPrint();
+    void scalePlate();
+    void sourceText_data();
+    void sourceText();
+    void date();
+
+    void benchLoadsTheScale();
+    void benchNoiseDriftAndCable();
+    void loadIsShownOnTheBench();
+    void benchOfARecording();
+    void levelGoesBothWays();
+    void calibrationGoesBothWays();
+
+    void firstPluginThatStarts();
+    void namedPlugin();
+    void namedPluginThatIsNotThere();
+    void noPluginThatStarts();
+    void faultsAreShownOnTheBench();
+    void displayOfAPluginAndBack();
+    void keysOfAPlugin();
+    void warningsOfAPlugin();
+    void infoOfAPlugin();
+    void printOfAPlugin();
+    void screenOfAPlugin();
+    void sameScreenAgain();
+    void listOfApplications();
+    void selectionOfAnApplication();
+    void exceptionOfAnEvent();
+    void shutDownClosesThePlugin();
+
+    void noticeThatInforms();
+    void noticeThatWarnsStays();
+    void forgivenErrors();
+    void lostConnection();
+
+    void language();
+    void languageOfTheCommandLine();
+    void languageIsKept();
+    void nothingIsStoredWithoutASettingsFile();
+    void settingsFileThatCannotBeUsed();
+    void transferLogThatCannotBeWritten();
+    void transferLog();
+
+private:
+    Session& session() { return *m_fixture->session; }
+    InstrumentModel& instrument() { return session().instrument(); }
+    BenchModel& bench() { return session().bench(); }
+    QString display() { return session().display().value; }
+
+    std::unique_ptr<SessionFixture> m_fixture;
+};
+
+void TestSession::init()
+{
+    m_fixture = std::make_unique<SessionFixture>();
+}
+
+void TestSession::cleanup()
+{
+    if (m_fixture->session)
+        session().shutDown();
+    m_fixture.reset();
+}
+
+void TestSession::ownKeysWithoutAPlugin()
+{
+    m_fixture->start();
+    QVERIFY(m_fixture->started);
+    QStringList uids;
+    for (const ActionEntry& entry : session().actions().actions())
+        uids.append(entry.uid);
+    QCOMPARE(uids,
+             (QStringList{QStringLiteral("zero"), QStringLiteral("tare"), QStringLiteral("clearTare")}));
+    QCOMPARE(&session().actions(), instrument().hostActions());
+
+    emit bench().putOn(20.0);
+    m_fixture->settle();
+    QVERIFY(session().actions().press(QStringLiteral("tare")));
+    QCOMPARE(session().display().line(), QStringLiteral("0.0 g  stable  net"));
+    QVERIFY(session().actions().press(QStringLiteral("clearTare")));
+    QCOMPARE(session().display().line(), QStringLiteral("20.0 g  stable"));
+    QVERIFY(session().actions().press(QStringLiteral("zero")));
+    QCOMPARE(session().display().line(), QStringLiteral("0.0 g  stable"));
+}
+
+void TestSession::ownDisplayWithoutAPlugin()
+{
+    m_fixture->start();
+    emit bench().putOn(1500.0);
+    m_fixture->settle();
+    const QObject* const model = instrument().display();
+    QVERIFY(model);
+    QCOMPARE(model->property("messwert").toString(), QStringLiteral("1500.0"));
+    QCOMPARE(model->property("unit").toString(), QStringLiteral("g"));
+    QCOMPARE(model->property("bargraphValue").toInt(), 25);
+    QCOMPARE(model->property("messwertKleinVisible").toBool(), false);
+    session().actions().press(QStringLiteral("tare"));
+    QCOMPARE(model->property("messwertKleinVisible").toBool(), true);
+    QCOMPARE(model->property("messwertKlein").toString(), QStringLiteral("1500.0"));
+}
+
+void TestSession::ownPrint()
+{
+    m_fixture->start();
+    emit bench().putOn(5.0);
+    m_fixture->settle();
+    QVERIFY(instrument().printEnabled());
+    QCOMPARE(session().lastTransfer(), QString());
+    emit instrument().printPressed();
+    QCOMPARE(session().lastTransfer(), QStringLiteral("5.0 g"));
+    QCOMPARE(instrument().statusText(), QStringLiteral("Sent: 5.0 g"));
+}
+
+void TestSession::scalePlate()
+{
+    m_fixture->options.capacity = 3200.0;
+    m_fixture->options.readability = Readability::fromGrams(0.05);
+    m_fixture->start();
+    QCOMPARE(instrument().scalePlate(), QStringLiteral("Max 3200 g   d = 0.05 g"));
+    QCOMPARE(bench().capacity(), 3200.0);
+    QCOMPARE(bench().readability(), 0.05);
+}
+
+void TestSession::sourceText_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("simulated") << "sim:"
+                               << "Simulated scale";
+    QTest::newRow("recording") << "trace:" BRIMVALE_TRACE_DIR "/filling.csv"
+                               << "Recording filling.csv";
+}
+
+void TestSession::sourceText()
+{
+    QFETCH(QString, source);
+    QFETCH(QString, text);
+    m_fixture->options.source = *SourceSpec::parse(source, nullptr);
+    m_fixture->start();
+    QCOMPARE(instrument().sourceText(), text);
+}
+
+void TestSession::date()
+{
+    m_fixture->start();
+    QCOMPARE(instrument().dateTimeText(), QStringLiteral("2026-01-01  08:00"));
+    m_fixture->driver.run(60 * 1000);
+    QCOMPARE(instrument().dateTimeText(), QStringLiteral("2026-01-01  08:01"));
+    session().setLanguage(QStringLiteral("de"));
+    QCOMPARE(instrument().dateTimeText(), QStringLiteral("01.01.2026  08:01"));
+}
+
+void TestSession::benchLoadsTheScale()
+{
+    m_fixture->start();
+    emit bench().putOn(500.0);
+    emit bench().putOn(200.0);
+    emit bench().takeOff(100.0);
+    m_fixture->settle();
+    QCOMPARE(display(), QStringLiteral("600.0 g"));
+    emit bench().clear();
+    m_fixture->settle();
+    QCOMPARE(display(), QStringLiteral("0.0 g"));
+}
+
+void TestSession::benchNoiseDriftAndCable()
+{
+    m_fixture->start();
+    SimulatedSource* const simulation = session().simulation();
+    QVERIFY(simulation);
+    QCOMPARE(bench().noise(), simulation->noise());
+    bench().setNoise(2.0);
+    QCOMPARE(simulation->noise(), 2.0);
+    bench().setDrift(-1.0);
+    QCOMPARE(simulation->drift(), -1.0);
+    bench().setConnected(false);
+    QVERIFY(!simulation->isConnected());
+}
+
+void TestSession::loadIsShownOnTheBench()
+{
+    m_fixture->start();
+    session().simulation()->putOn(300.0);
+    QCOMPARE(bench().load(), 300.0);
+}
+
+void TestSession::benchOfARecording()
+{
+    m_fixture->options.source =
+        *SourceSpec::parse(QStringLiteral("trace:" BRIMVALE_TRACE_DIR "/filling.csv"), nullptr);
+    m_fixture->start();
+    QVERIFY(!bench().available());
+    QVERIFY(!session().simulation());
+    QVERIFY(!session().isSourceFinished());
+    m_fixture->driver.run(100 * 1000);
+    QVERIFY(session().isSourceFinished());
+    QCOMPARE(session().readings(), Q_UINT64_C(381));
+    QCOMPARE(session().display().line(), QStringLiteral("48.2 g  stable"));
+}
+
+void TestSession::levelGoesBothWays()
+{
+    m_fixture->start();
+    bench().setLevel(false);
+    QVERIFY(!session().host().isLevelled());
+    QVERIFY(!instrument().levelOk());
+    session().host().setLevelled(true);
+    QVERIFY(bench().level());
+    QVERIFY(instrument().levelOk());
+}
+
+void TestSession::calibrationGoesBothWays()
+{
+    m_fixture->start();
+    bench().setCalibrationDue(true);
+    QVERIFY(session().host().isCalibrationDue());
+    session().host().setCalibrationDue(false);
+    QVERIFY(!bench().calibrationDue());
+}
+
+void TestSession::firstPluginThatStarts()
+{
+    m_fixture->usePlugin("throw_init");
+    m_fixture->usePlugin("refuse_pre_start");
+    m_fixture->usePlugin("fixture_second");
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    QVERIFY(m_fixture->started);
+    PluginManager& plugins = session().host().plugins();
+    QCOMPARE(plugins.activeIndex(), plugins.indexOf(QStringLiteral("fixture_second")));
+    QCOMPARE(session().errors().size(), 2);
+}
+
+void TestSession::namedPlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->usePlugin("fixture_second");
+    m_fixture->options.startId = QStringLiteral("fixture_second");
+    m_fixture->start();
+    QVERIFY(m_fixture->started);
+    QCOMPARE(session().host().plugins().activeIndex(), 1);
+}
+
+void TestSession::namedPluginThatIsNotThere()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->options.startId = QStringLiteral("weighing");
+    m_fixture->start();
+    QVERIFY(!m_fixture->started);
+    QCOMPARE(session().errors(),
+             QStringList{QStringLiteral("There is no plug-in \"weighing\" to start. Loaded are: fixture.")});
+    QCOMPARE(session().host().plugins().activeIndex(), -1);
+}
+
+void TestSession::noPluginThatStarts()
+{
+    m_fixture->usePlugin("refuse_pre_start");
+    m_fixture->start();
+    QVERIFY(!m_fixture->started);
+    QCOMPARE(session().host().plugins().activeIndex(), -1);
+    // The terminal weighs by itself.
+    QCOMPARE(&session().actions(), instrument().hostActions());
+}
+
+void TestSession::faultsAreShownOnTheBench()
+{
+    m_fixture->usePlugin("wrong_identifier");
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    QCOMPARE(bench().pluginFaults(), session().errors());
+    QCOMPARE(bench().pluginFaults().size(), 1);
+    QVERIFY(bench().pluginFaults().first().contains(QLatin1String("wrong_identifier.so")));
+}
+
+void TestSession::displayOfAPluginAndBack()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    QObject* const ofPlugin = session().host().display();
+    QVERIFY(ofPlugin);
+    QCOMPARE(instrument().display(), ofPlugin);
+    session().host().plugins().deactivate();
+    QVERIFY(session().host().plugins().waitUntilSettled());
+    QVERIFY(instrument().display());
+    m_fixture->settle();
+    QCOMPARE(display(), QStringLiteral("0.0 g"));
+}
+
+void TestSession::keysOfAPlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    QCOMPARE(&session().actions(), instrument().actions());
+    QCOMPARE(instrument().actions()->count(), 2);
+    QVERIFY(instrument().actions()->press(QStringLiteral("fixture.delete")));
+    // The plug-in has deleted its other key.
+    QCOMPARE(instrument().actions()->count(), 1);
+}
+
+void TestSession::warningsOfAPlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    const QObject* const warnings = instrument().warnings();
+    QVERIFY(warnings);
+    bench().setCalibrationDue(true);
+    QVERIFY(warnings->property("calibrationRequiredVisible").toBool());
+    bench().setLevel(false);
+    QVERIFY(warnings->property("levellingRequiredVisible").toBool());
+    bench().setLevel(true);
+    QVERIFY(!warnings->property("levellingRequiredVisible").toBool());
+}
+
+void TestSession::infoOfAPlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    QCOMPARE(instrument().infoItems().size(), 1);
+    session().host().plugins().deactivate();
+    QVERIFY(session().host().plugins().waitUntilSettled());
+    QCOMPARE(instrument().infoItems().size(), 0);
+}
+
+void TestSession::printOfAPlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    emit bench().putOn(5.0);
+    m_fixture->settle();
+    emit instrument().printPressed();
+    QCOMPARE(session().lastTransfer(), QString());
+    m_fixture->driver.run(200); // the plug-in transfers with its next reading
+    QCOMPARE(session().lastTransfer(), QStringLiteral("5.0 g"));
+}
+
+void TestSession::screenOfAPlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    QCOMPARE(instrument().pluginScreen(), QUrl(QStringLiteral("qrc:/fixture/Fixture.qml")));
+    QVERIFY(session().window().pluginScreen());
+    session().host().plugins().deactivate();
+    QVERIFY(session().host().plugins().waitUntilSettled());
+    QVERIFY(!session().window().pluginScreen());
+}
+
+void TestSession::sameScreenAgain()
+{
+    // Both fixtures show the same screen file; each gets its own.
+    m_fixture->usePlugin("fixture");
+    m_fixture->usePlugin("fixture_second");
+    m_fixture->start();
+    QSignalSpy loaded(&instrument(), &InstrumentModel::screenLoaded);
+    session().host().plugins().activate(1);
+    QVERIFY(session().host().plugins().waitUntilSettled());
+    QCOMPARE(loaded.size(), 1);
+    QCOMPARE(loaded.first().first().toBool(), true);
+    QVERIFY(session().window().pluginScreen());
+}
+
+void TestSession::listOfApplications()
+{
+    m_fixture->usePlugin("throw_pre_start");
+    m_fixture->usePlugin("fixture");
+    m_fixture->usePlugin("fixture_second");
+    m_fixture->start();
+    const QVariantList plugins = instrument().plugins();
+    QCOMPARE(plugins.size(), 2);
+    QCOMPARE(plugins.at(0).toMap().value(QStringLiteral("id")).toString(), QStringLiteral("fixture"));
+    QCOMPARE(plugins.at(0).toMap().value(QStringLiteral("active")).toBool(), true);
+    QCOMPARE(plugins.at(1).toMap().value(QStringLiteral("id")).toString(), QStringLiteral("fixture_second"));
+    QCOMPARE(plugins.at(1).toMap().value(QStringLiteral("active")).toBool(), false);
+    QVERIFY(instrument().pluginActive());
+}
+
+void TestSession::selectionOfAnApplication()
+{
+    m_fixture->usePlugin("throw_pre_start");
+    m_fixture->usePlugin("fixture");
+    m_fixture->usePlugin("fixture_second");
+    m_fixture->start();
+    emit instrument().pluginSelected(1);
+    QVERIFY(session().host().plugins().waitUntilSettled());
+    const PluginManager& plugins = session().host().plugins();
+    QCOMPARE(plugins.plugins().at(plugins.activeIndex()).identifier, QStringLiteral("fixture_second"));
+    emit instrument().pluginSelected(7);
+    QVERIFY(session().host().plugins().isSettled());
+}
+
+void TestSession::exceptionOfAnEvent()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    session().reportException(QStringLiteral("Poller"), QStringLiteral("std::runtime_error: no answer"));
+    QCOMPARE(session().errors().size(), 1);
+    QVERIFY2(session().errors().first().contains(QLatin1String("std::runtime_error: no answer")),
+             qPrintable(session().errors().first()));
+    QVERIFY(m_fixture->log->contains(QStringLiteral("Poller")));
+    QVERIFY(instrument().noticeVisible());
+    QCOMPARE(session().host().plugins().activeIndex(), 0);
+}
+
+void TestSession::shutDownClosesThePlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    session().shutDown();
+    QCOMPARE(session().host().plugins().activeIndex(), -1);
+    QVERIFY(session().host().calls().contains(QStringLiteral("ISequencer::PluginClosed")));
+    const quint64 readings = session().readings();
+    m_fixture->driver.run(1000);
+    QCOMPARE(session().readings(), readings);
+}
+
+void TestSession::noticeThatInforms()
+{
+    m_fixture->start();
+    session().host().notices().post(NoticeSeverity::Info, QStringLiteral("Hello"));
+    QCOMPARE(instrument().noticeText(), QStringLiteral("Hello"));
+    QCOMPARE(int(instrument().noticeSeverity()), int(InstrumentModel::Severity::Info));
+    m_fixture->driver.run(5900);
+    QVERIFY(instrument().noticeVisible());
+    m_fixture->driver.run(200);
+    QVERIFY(!instrument().noticeVisible());
+}
+
+void TestSession::noticeThatWarnsStays()
+{
+    m_fixture->start();
+    session().host().notices().post(NoticeSeverity::Info, QStringLiteral("Hello"));
+    session().host().notices().post(NoticeSeverity::Warning, QStringLiteral("Beware"));
+    m_fixture->driver.run(60000);
+    QCOMPARE(instrument().noticeText(), QStringLiteral("Beware"));
+    QCOMPARE(int(instrument().noticeSeverity()), int(InstrumentModel::Severity::Warning));
+    QCOMPARE(session().errors(), QStringList());
+}
+
+void TestSession::forgivenErrors()
+{
+    m_fixture->start();
+    session().host().notices().post(NoticeSeverity::Error, QStringLiteral("The one"));
+    session().host().notices().post(NoticeSeverity::Error, QStringLiteral("The other"));
+    session().forgiveErrors(QStringLiteral("one"));
+    QCOMPARE(session().errors(), QStringList{QStringLiteral("The other")});
+}
+
+void TestSession::lostConnection()
+{
+    m_fixture->start();
+    m_fixture->settle();
+    QVERIFY(instrument().sourceOk());
+    bench().setConnected(false);
+    m_fixture->driver.run(200);
+    QVERIFY(!instrument().sourceOk());
+    QCOMPARE(display(), QStringLiteral("No connection"));
+    bench().setConnected(true);
+    m_fixture->driver.run(200);
+    QVERIFY(instrument().sourceOk());
+    QCOMPARE(display(), QStringLiteral("0.0 g"));
+}
+
+void TestSession::language()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    QCOMPARE(instrument().language(), QStringLiteral("en"));
+    QCOMPARE(instrument().activePluginName(), QStringLiteral("Fixture"));
+    session().setLanguage(QStringLiteral("de"));
+    QCOMPARE(instrument().language(), QStringLiteral("de"));
+    QCOMPARE(session().host().plugins().plugins().first().name, instrument().activePluginName());
+    QVERIFY(instrument().activePluginName() != QStringLiteral("Fixture"));
+    session().setLanguage(QStringLiteral("en"));
+    QCOMPARE(instrument().activePluginName(), QStringLiteral("Fixture"));
+}
+
+void TestSession::languageOfTheCommandLine()
+{
+    m_fixture->options.language = QStringLiteral("de");
+    m_fixture->start();
+    QCOMPARE(instrument().language(), QStringLiteral("de"));
+}
+
+void TestSession::languageIsKept()
+{
+    QTemporaryDir folder;
+    m_fixture->options.settings = folder.filePath(QStringLiteral("terminal.ini"));
+    m_fixture->start();
+    emit instrument().languageSelected(QStringLiteral("de"));
+    QCOMPARE(instrument().language(), QStringLiteral("de"));
+    session().shutDown();
+
+    const QString file = m_fixture->options.settings;
+    m_fixture = std::make_unique<SessionFixture>();
+    m_fixture->options.settings = file;
+    m_fixture->start();
+    QCOMPARE(instrument().language(), QStringLiteral("de"));
+}
+
+void TestSession::nothingIsStoredWithoutASettingsFile()
+{
+    QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+    m_fixture->start();
+    emit instrument().languageSelected(QStringLiteral("de"));
+    session().shutDown();
+    m_fixture = std::make_unique<SessionFixture>();
+    QVERIFY(QDir(folder.path()).isEmpty());
+}
+
+void TestSession::settingsFileThatCannotBeUsed()
+{
+    QTemporaryDir folder;
+    m_fixture->options.settings = folder.path(); // a folder is no file
+    m_fixture->log = std::make_unique<LogOutput>(QsLogging::OffLevel);
+    Session session(m_fixture->options, m_fixture->clock, std::make_unique<SimulatedSource>(m_fixture->clock),
+                    *m_fixture->log);
+    QStringList errors;
+    QVERIFY(!session.prepare(&errors));
+    QCOMPARE(errors.size(), 1);
+    QVERIFY2(errors.first().contains(folder.path()), qPrintable(errors.first()));
+}
+
+void TestSession::transferLogThatCannotBeWritten()
+{
+    QTemporaryDir folder;
+    m_fixture->options.transferLog = folder.filePath(QStringLiteral("none/transfer.csv"));
+    m_fixture->log = std::make_unique<LogOutput>(QsLogging::OffLevel);
+    Session session(m_fixture->options, m_fixture->clock, std::make_unique<SimulatedSource>(m_fixture->clock),
+                    *m_fixture->log);
+    QStringList errors;
+    QVERIFY(!session.prepare(&errors));
+    QCOMPARE(errors.size(), 1);
+    QVERIFY2(errors.first().contains(m_fixture->options.transferLog), qPrintable(errors.first()));
+}
+
+void TestSession::transferLog()
+{
+    QTemporaryDir folder;
+    m_fixture->options.transferLog = folder.filePath(QStringLiteral("transfer.csv"));
+    m_fixture->start();
+    emit bench().putOn(5.0);
+    m_fixture->settle();
+    emit instrument().printPressed();
+    QFile file(m_fixture->options.transferLog);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(QString::fromUtf8(file.readAll()),
+             QStringLiteral("time,value,unit,state,kind,gross,tare,error\n"
+                            "2026-01-01T08:00:05.000Z,5.0,g,stable,gross,5.0,0.0,\n"));
+}
+
+QTEST_MAIN(TestSession)
+
+#include "tst_session.moc"
