@@ -16,7 +16,7 @@ int ListModel::rowCount(const QModelIndex& parent) const
 
 QVariant ListModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    if (!index.isValid() || index.row() >= m_items.size()) {
         return QVariant();
     }
     const MenuItem& item = m_items.at(index.row());

@@ -44,6 +44,7 @@ StoredParameters::StoredParameters(const QString& file)
     m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
     m_settings->setIniCodec("UTF-8");
     m_settings->sync();
+    m_settings->allKeys(); // sections are parsed when they are needed, and not before is an error noticed
     if (m_settings->status() != QSettings::NoError) {
         m_error = errorText(*m_settings);
     }

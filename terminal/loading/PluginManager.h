@@ -100,7 +100,7 @@ class PluginManager : public QObject, public IPluginManager
     Q_DISABLE_COPY(PluginManager)
 
 public:
-    static constexpr int CloseTimeoutMs = 5000;
+    static constexpr int CloseTimeoutMs = 2000;
     static constexpr int FaultyCloseTimeoutMs = 500;
 
     explicit PluginManager(const PluginEnvironment& environment, QObject* parent = nullptr);
