@@ -1,8 +1,34 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "TestPlugin.h"
 
+#include <QMap>
+
 using namespace Brimvale;
 using namespace Brimvale::TestKit;
+
+void setFlag(PluginId& id, const QString& flag)
+{
+    if (flag == QLatin1String("spare flags")) {
+        for (bool* spare :
+             {&id.flag1, &id.flag2, &id.flag3, &id.flag4, &id.flag5, &id.flag6, &id.flag7, &id.flag8})
+            *spare = true;
+        return;
+    }
+    const QMap<QString, bool*> flags{
+        {QStringLiteral("hasProtocol"), &id.hasProtocol},
+        {QStringLiteral("protocolFlag"), &id.protocolFlag},
+        {QStringLiteral("checkPrintOnClose"), &id.checkPrintOnClose},
+        {QStringLiteral("resetOnStart"), &id.resetOnStart},
+        {QStringLiteral("usesCalibrationService"), &id.usesCalibrationService},
+        {QStringLiteral("usesLevellingService"), &id.usesLevellingService},
+        {QStringLiteral("hasAddons"), &id.hasAddons},
+        {QStringLiteral("transferFlag"), &id.transferFlag},
+    };
+    bool* const found = flags.value(flag);
+    if (!found)
+        qFatal("PluginId has no flag %s", qPrintable(flag));
+    *found = true;
+}
 
 NotedObject::NotedObject(RecordingHost& host, const char* name)
     : m_host(host)
@@ -14,6 +40,8 @@ NotedObject::NotedObject(RecordingHost& host, const char* name)
 NotedObject::~NotedObject()
 {
     m_host.note(QStringLiteral("delete ") + m_name);
+    if (onEnd)
+        onEnd();
 }
 
 TestPlugin::TestPlugin(RecordingHost& host)
@@ -39,7 +67,8 @@ bool TestPlugin::hook(const char* name)
 
 QString TestPlugin::GetPluginName(bool translated)
 {
-    return translated ? QStringLiteral("Prüfung") : QStringLiteral("Test");
+    hook(translated ? "GetPluginName(true)" : "GetPluginName(false)");
+    return translated ? translatedName : QStringLiteral("Test");
 }
 
 QString TestPlugin::GetPluginIcon()

@@ -13,7 +13,10 @@
 #include <TestKit/RecordingHost.h>
 #include <functional>
 
-/// Notes its end in the host's list of calls.
+/// Sets the flag of that name, "spare flags" for all eight of them. An unknown name is an error of the test.
+void setFlag(Brimvale::PluginId& id, const QString& flag);
+
+/// Notes its end in the host's list of calls. As a view model it shows warnings, if it is given any.
 class NotedObject : public QObject
 {
     Q_OBJECT
@@ -21,6 +24,11 @@ class NotedObject : public QObject
 public:
     NotedObject(Brimvale::TestKit::RecordingHost& host, const char* name);
     ~NotedObject() override;
+
+    Q_INVOKABLE Brimvale::WarnInfo* warnInfo() { return warnings; }
+
+    Brimvale::WarnInfo* warnings = nullptr;
+    std::function<void()> onEnd; ///< runs in the destructor after its note
 
 signals:
     void changed();
@@ -45,7 +53,8 @@ public:
     std::function<QObject*()> viewModelMaker;                        ///< a `NotedObject` unless set
     std::function<Brimvale::IPluginViewManager*()> viewManagerMaker; ///< the host's recorder unless set
     std::function<void(const QString&)> onHook; ///< runs in every hook after it was noted
-    Brimvale::IMenuList* menu = nullptr;        ///< what `CreatePluginMenu()` returns
+    QString translatedName = QStringLiteral("Prüfung");
+    Brimvale::IMenuList* menu = nullptr; ///< what `CreatePluginMenu()` returns
 
     using PluginBase::m_id;
     using PluginBase::m_infobox;
