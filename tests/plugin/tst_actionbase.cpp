@@ -28,10 +28,16 @@ public:
     QStringList calls;
     QVariantList received;
     QVariant answer = QStringLiteral("done");
+    QVariant receivedAtEnd; // of byReference()
     std::function<void()> onCall;
 
     Q_INVOKABLE QVariant invokable(QVariant data) { return record("invokable", data); }
-    Q_INVOKABLE QVariant byReference(const QVariant& data) { return record("byReference", data); }
+    Q_INVOKABLE QVariant byReference(const QVariant& data)
+    {
+        const QVariant result = record("byReference", data);
+        receivedAtEnd = data;
+        return result;
+    }
     Q_INVOKABLE QVariant withoutArgument() { return record("withoutArgument", QVariant()); }
     Q_INVOKABLE QVariant text(const QString& data) { return record("text", data); }
     Q_INVOKABLE QVariant number(int data) { return record("number", data); }
@@ -186,6 +192,8 @@ private slots:
     void workerMayDestroyTheAction();
     void workerMayDestroyBoth();
     void receiverMayDestroyTheAction();
+    void workerKeepsItsArgument_data();
+    void workerKeepsItsArgument();
     void workerMaySetOtherData();
     void workerMaySetAnotherWorker();
     void workerMayTakeItselfAway();
@@ -635,6 +643,26 @@ void TestActionBase::receiverMayDestroyTheAction()
     m_action->doAction(1);
     QVERIFY(m_action == nullptr);
     QCOMPARE(m_results.size(), 1);
+}
+
+void TestActionBase::workerKeepsItsArgument_data()
+{
+    QTest::addColumn<bool>("destroyed");
+    QTest::newRow("other data is set") << false;
+    QTest::newRow("action is destroyed") << true;
+}
+
+void TestActionBase::workerKeepsItsArgument()
+{
+    QFETCH(bool, destroyed);
+    m_worker->onCall = [this, destroyed] {
+        m_action->setData(QStringLiteral("next"));
+        if (destroyed)
+            m_action.reset();
+    };
+    m_action->setWorker(m_worker.get(), method<Worker>("byReference(QVariant)"));
+    m_action->doAction(QStringLiteral("first"));
+    QCOMPARE(m_worker->receivedAtEnd, QVariant(QStringLiteral("first")));
 }
 
 void TestActionBase::workerMaySetOtherData()
