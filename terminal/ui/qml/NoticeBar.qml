@@ -70,7 +70,7 @@ Rectangle {
             text: instrument.noticeText
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
-            maximumLineCount: 2
+            maximumLineCount: 4
             elide: Text.ElideRight
             font.pixelSize: Theme.bodySize
             color: notice.foreground

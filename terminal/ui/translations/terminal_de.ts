@@ -100,6 +100,749 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal</name>
+    <message>
+        <source>an unknown processor (number %1)</source>
+        <translation>ein unbekannter Prozessor (Nummer %1)</translation>
+    </message>
+    <message>
+        <source>folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>processor</source>
+        <translation>Prozessor</translation>
+    </message>
+    <message>
+        <source>metadata</source>
+        <translation>Metadaten</translation>
+    </message>
+    <message>
+        <source>identifier</source>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>Qt version</source>
+        <translation>Qt-Version</translation>
+    </message>
+    <message>
+        <source>library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>instance</source>
+        <translation>Instanz</translation>
+    </message>
+    <message>
+        <source>interface</source>
+        <translation>Schnittstelle</translation>
+    </message>
+    <message>
+        <source>initialisation</source>
+        <translation>Initialisierung</translation>
+    </message>
+    <message>
+        <source>loaded</source>
+        <translation>geladen</translation>
+    </message>
+    <message>
+        <source>No plug-ins were loaded from %1: %2. %3</source>
+        <translation>Aus %1 wurden keine Plug-ins geladen: %2. %3</translation>
+    </message>
+    <message>
+        <source>Plug-in %1 was not loaded (%2): %3. %4</source>
+        <translation>Das Plug-in %1 wurde nicht geladen (%2): %3. %4</translation>
+    </message>
+    <message>
+        <source>there is no such folder</source>
+        <translation>diesen Ordner gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Check the path.</source>
+        <translation>Prüfen Sie den Pfad.</translation>
+    </message>
+    <message>
+        <source>this is no folder</source>
+        <translation>dies ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>Load a single file with --plugin.</source>
+        <translation>Eine einzelne Datei lädt --plugin.</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>sie kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Check its permissions.</source>
+        <translation>Prüfen Sie die Zugriffsrechte.</translation>
+    </message>
+    <message>
+        <source>it has no plug-in (*.so)</source>
+        <translation>er enthält kein Plug-in (*.so)</translation>
+    </message>
+    <message>
+        <source>Name the folder into which the plug-ins are built.</source>
+        <translation>Nennen Sie den Ordner, in den die Plug-ins gebaut werden.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::ActionBar</name>
+    <message>
+        <source>The action bar has no entry %1: entries are numbered 0 to %2.</source>
+        <translation>Die Aktionsleiste hat keinen Eintrag %1: Die Einträge tragen die Nummern 0 bis %2.</translation>
+    </message>
+    <message>
+        <source>An action that is null was not added to the action bar.</source>
+        <translation>Eine Aktion, die null ist, wurde nicht in die Aktionsleiste aufgenommen.</translation>
+    </message>
+    <message>
+        <source>An action that is no QObject was not added to the action bar. Derive it from ActionBase.</source>
+        <translation>Eine Aktion, die kein QObject ist, wurde nicht in die Aktionsleiste aufgenommen. Leiten Sie sie von ActionBase ab.</translation>
+    </message>
+    <message>
+        <source>The action &quot;%1&quot; was not added to the action bar: &quot;%2&quot; has the same uid &quot;%3&quot;. Give every action a uid of its own with setUid().</source>
+        <translation>Die Aktion &quot;%1&quot; wurde nicht in die Aktionsleiste aufgenommen: &quot;%2&quot; hat dieselbe uid &quot;%3&quot;. Geben Sie jeder Aktion mit setUid() eine eigene uid.</translation>
+    </message>
+    <message>
+        <source>The action &quot;%1&quot; failed: %2</source>
+        <translation>Die Aktion &quot;%1&quot; ist fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>The action &quot;%1&quot; cannot be shown: %2</source>
+        <translation>Die Aktion &quot;%1&quot; kann nicht gezeigt werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::AddonHost</name>
+    <message>
+        <source>Add-ons are not available on this terminal yet: those of number %1 were not started.</source>
+        <translation>Add-ons gibt es auf diesem Terminal noch nicht: Die der Nummer %1 wurden nicht gestartet.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::Attempt</name>
+    <message>
+        <source>there is no such file</source>
+        <translation>diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Check the path.</source>
+        <translation>Prüfen Sie den Pfad.</translation>
+    </message>
+    <message>
+        <source>this is a folder</source>
+        <translation>dies ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>Name a plug-in file, or load all plug-ins of the folder with --plugin-dir.</source>
+        <translation>Nennen Sie eine Plug-in-Datei, oder laden Sie mit --plugin-dir alle Plug-ins des Ordners.</translation>
+    </message>
+    <message>
+        <source>this is no regular file</source>
+        <translation>dies ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>Name a plug-in file.</source>
+        <translation>Nennen Sie eine Plug-in-Datei.</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>sie kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Check its permissions.</source>
+        <translation>Prüfen Sie die Zugriffsrechte.</translation>
+    </message>
+    <message>
+        <source>it cannot be read: %1</source>
+        <translation>sie kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>Check its permissions and the medium.</source>
+        <translation>Prüfen Sie die Zugriffsrechte und den Datenträger.</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>Build or copy it again.</source>
+        <translation>Bauen oder kopieren Sie sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>it is no shared library: it does not begin as an ELF file does</source>
+        <translation>sie ist keine Programmbibliothek: sie beginnt nicht wie eine ELF-Datei</translation>
+    </message>
+    <message>
+        <source>Name the file that the build of the plug-in makes (.so).</source>
+        <translation>Nennen Sie die Datei, die beim Bauen des Plug-ins entsteht (.so).</translation>
+    </message>
+    <message>
+        <source>the file is cut off: %1</source>
+        <translation>die Datei ist abgeschnitten: %1</translation>
+    </message>
+    <message>
+        <source>the file is damaged: %1</source>
+        <translation>die Datei ist beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>it was built for %1, this terminal runs on %2</source>
+        <translation>sie wurde für %1 gebaut, dieses Terminal läuft auf %2</translation>
+    </message>
+    <message>
+        <source>Build the plug-in for %1.</source>
+        <translation>Bauen Sie das Plug-in für %1.</translation>
+    </message>
+    <message>
+        <source>it is no shared library but an ELF file of another kind (%1)</source>
+        <translation>sie ist keine Programmbibliothek, sondern eine ELF-Datei anderer Art (%1)</translation>
+    </message>
+    <message>
+        <source>Build the plug-in as a module library; brimvale_add_plugin() does.</source>
+        <translation>Bauen Sie das Plug-in als Modulbibliothek; brimvale_add_plugin() tut das.</translation>
+    </message>
+    <message>
+        <source>it carries no metadata of a Qt plug-in</source>
+        <translation>sie trägt keine Metadaten eines Qt-Plug-ins</translation>
+    </message>
+    <message>
+        <source>Put Q_PLUGIN_METADATA(IID &quot;%1&quot; FILE &quot;….json&quot;) into the class of the plug-in and let moc process its header.</source>
+        <translation>Setzen Sie Q_PLUGIN_METADATA(IID &quot;%1&quot; FILE &quot;….json&quot;) in die Klasse des Plug-ins, und lassen Sie moc ihren Header verarbeiten.</translation>
+    </message>
+    <message>
+        <source>it is a plug-in of another kind: its identifier is &quot;%1&quot;, this terminal loads &quot;%2&quot;</source>
+        <translation>sie ist ein Plug-in anderer Art: ihre Kennung ist &quot;%1&quot;, dieses Terminal lädt &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>Correct the IID of Q_PLUGIN_METADATA, or take the file out of the folder.</source>
+        <translation>Berichtigen Sie die IID in Q_PLUGIN_METADATA, oder nehmen Sie die Datei aus dem Ordner.</translation>
+    </message>
+    <message>
+        <source>it was built with Qt %1, this terminal runs on Qt %2</source>
+        <translation>sie wurde mit Qt %1 gebaut, dieses Terminal läuft mit Qt %2</translation>
+    </message>
+    <message>
+        <source>Build the plug-in with Qt %1.%2 or an older Qt %1.</source>
+        <translation>Bauen Sie das Plug-in mit Qt %1.%2 oder einem älteren Qt %1.</translation>
+    </message>
+    <message>
+        <source>its code threw while it was loaded: %1</source>
+        <translation>ihr Code warf beim Laden eine Ausnahme: %1</translation>
+    </message>
+    <message>
+        <source>Let no exception out of the initialisation of static objects.</source>
+        <translation>Lassen Sie keine Ausnahme aus der Initialisierung statischer Objekte heraus.</translation>
+    </message>
+    <message>
+        <source>it needs the library %1, which is not there (%2)</source>
+        <translation>sie braucht die Bibliothek %1, die fehlt (%2)</translation>
+    </message>
+    <message>
+        <source>Install %1, or name its folder in LD_LIBRARY_PATH or in the RPATH of the plug-in.</source>
+        <translation>Installieren Sie %1, oder nennen Sie ihren Ordner in LD_LIBRARY_PATH oder im RPATH des Plug-ins.</translation>
+    </message>
+    <message>
+        <source>it needs version %1 of %2, and the one on this machine does not have it</source>
+        <translation>sie braucht die Version %1 von %2, und die auf dieser Maschine hat sie nicht</translation>
+    </message>
+    <message>
+        <source>Build the plug-in with the versions of the libraries that this machine has; its Qt is %1.</source>
+        <translation>Bauen Sie das Plug-in mit den Bibliotheken, die diese Maschine hat; ihr Qt ist %1.</translation>
+    </message>
+    <message>
+        <source> (version %1)</source>
+        <translation> (Version %1)</translation>
+    </message>
+    <message>
+        <source>the symbol %1 is not defined anywhere</source>
+        <translation>das Symbol %1 ist nirgends definiert</translation>
+    </message>
+    <message>
+        <source>Define it in the plug-in or link the library that does, and link with -Wl,--no-undefined: the linker then finds the error. If the symbol belongs to Brimvale, the plug-in was built with another version of the SDK than this terminal&apos;s.</source>
+        <translation>Definieren Sie es im Plug-in oder binden Sie die Bibliothek, die es hat, und binden Sie mit -Wl,--no-undefined: Dann findet schon der Linker den Fehler. Gehört das Symbol zu Brimvale, so wurde das Plug-in mit einer anderen SDK-Version gebaut als der dieses Terminals.</translation>
+    </message>
+    <message>
+        <source>See the text of the dynamic loader.</source>
+        <translation>Siehe den Text des dynamischen Laders.</translation>
+    </message>
+    <message>
+        <source>the constructor of the plug-in threw %1</source>
+        <translation>der Konstruktor des Plug-ins warf %1</translation>
+    </message>
+    <message>
+        <source>Let no exception out of the constructor; what can fail belongs into PreInitPlugin(), which may return false.</source>
+        <translation>Lassen Sie keine Ausnahme aus dem Konstruktor heraus; was fehlschlagen kann, gehört in PreInitPlugin(), das false liefern darf.</translation>
+    </message>
+    <message>
+        <source>no object was made: %1</source>
+        <translation>es entstand kein Objekt: %1</translation>
+    </message>
+    <message>
+        <source>Put Q_PLUGIN_METADATA into exactly one class, which can be constructed without arguments.</source>
+        <translation>Setzen Sie Q_PLUGIN_METADATA in genau eine Klasse, die sich ohne Argumente erzeugen lässt.</translation>
+    </message>
+    <message>
+        <source>its class %1 has not the interface IPlugin</source>
+        <translation>ihre Klasse %1 hat die Schnittstelle IPlugin nicht</translation>
+    </message>
+    <message>
+        <source>Derive the class from Brimvale::PluginBase, with Q_OBJECT.</source>
+        <translation>Leiten Sie die Klasse von Brimvale::PluginBase ab, mit Q_OBJECT.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::CalibrationService</name>
+    <message>
+        <source>Calibration required</source>
+        <translation>Kalibrierung erforderlich</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::ElfFile</name>
+    <message>
+        <source>an object file</source>
+        <translation>eine Objektdatei</translation>
+    </message>
+    <message>
+        <source>an executable</source>
+        <translation>ein Programm</translation>
+    </message>
+    <message>
+        <source>a shared library</source>
+        <translation>eine Programmbibliothek</translation>
+    </message>
+    <message>
+        <source>a core dump</source>
+        <translation>ein Speicherauszug</translation>
+    </message>
+    <message>
+        <source>kind %1</source>
+        <translation>Art %1</translation>
+    </message>
+    <message>
+        <source>its header is incomplete</source>
+        <translation>ihr Kopf ist unvollständig</translation>
+    </message>
+    <message>
+        <source>its header names no known format</source>
+        <translation>ihr Kopf nennt kein bekanntes Format</translation>
+    </message>
+    <message>
+        <source>its program headers have %1 bytes each</source>
+        <translation>ihre Programmköpfe haben je %1 Bytes</translation>
+    </message>
+    <message>
+        <source>its program headers are incomplete</source>
+        <translation>ihre Programmköpfe sind unvollständig</translation>
+    </message>
+    <message>
+        <source>it has %1 bytes, its headers speak of %2</source>
+        <translation>sie hat %1 Bytes, ihre Köpfe sprechen von %2</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::ElfFile::Target</name>
+    <message>
+        <source>%1 (%2 bit, %3)</source>
+        <translation>%1 (%2 Bit, %3)</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::Host</name>
+    <message>
+        <source>The application failed while it was told about the level: %1</source>
+        <translation>Die Anwendung ist fehlgeschlagen, als sie die Nivellierung erfuhr: %1</translation>
+    </message>
+    <message>
+        <source>The application failed while it was told about the calibration: %1</source>
+        <translation>Die Anwendung ist fehlgeschlagen, als sie die Kalibrierung erfuhr: %1</translation>
+    </message>
+    <message>
+        <source>Printing is switched off.</source>
+        <translation>Drucken ist ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>There is no output that could take the measurement: neither a printer nor the transfer log is connected.</source>
+        <translation>Es gibt keine Ausgabe für die Messung: Weder ein Drucker noch das Übertragungsprotokoll ist verbunden.</translation>
+    </message>
+    <message>
+        <source>The application failed at the print request: %1</source>
+        <translation>Die Anwendung ist bei der Druckanforderung fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>An application failed: %1</source>
+        <translation>Eine Anwendung ist fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>The application &quot;%1&quot; failed: %2</source>
+        <translation>Die Anwendung &quot;%1&quot; ist fehlgeschlagen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::HostMenuList</name>
+    <message>
+        <source>Weighing parameters</source>
+        <translation>Wägeparameter</translation>
+    </message>
+    <message>
+        <source>Parameter %1</source>
+        <translation>Parameter %1</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::LineSource</name>
+    <message>
+        <source>No answer within %1 s.</source>
+        <translation>Keine Antwort innerhalb von %1 s.</translation>
+    </message>
+    <message>
+        <source>What arrives has no weight line for %1 s; check the scale&apos;s interface settings.</source>
+        <translation>Seit %1 s kommt keine Gewichtszeile an; prüfen Sie die Schnittstelleneinstellungen der Waage.</translation>
+    </message>
+    <message>
+        <source>No data for %1 s.</source>
+        <translation>Seit %1 s keine Daten.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::PluginManager</name>
+    <message>
+        <source>it is loaded already</source>
+        <translation>sie ist schon geladen</translation>
+    </message>
+    <message>
+        <source>Name every plug-in once.</source>
+        <translation>Nennen Sie jedes Plug-in einmal.</translation>
+    </message>
+    <message>
+        <source>InitPlugin() threw %1</source>
+        <translation>InitPlugin() warf %1</translation>
+    </message>
+    <message>
+        <source>Catch the exception in the plug-in and return false from PreInitPlugin() or PostInitPlugin().</source>
+        <translation>Fangen Sie die Ausnahme im Plug-in, und liefern Sie false aus PreInitPlugin() oder PostInitPlugin().</translation>
+    </message>
+    <message>
+        <source>InitPlugin() returned false: the plug-in refuses to be initialised</source>
+        <translation>InitPlugin() lieferte false: Das Plug-in lässt sich nicht initialisieren</translation>
+    </message>
+    <message>
+        <source>See why its PreInitPlugin() or PostInitPlugin() returns false.</source>
+        <translation>Sehen Sie nach, warum sein PreInitPlugin() oder PostInitPlugin() false liefert.</translation>
+    </message>
+    <message>
+        <source>GetId() threw %1</source>
+        <translation>GetId() warf %1</translation>
+    </message>
+    <message>
+        <source>Let no exception out of FillPluginId() and GetPluginName().</source>
+        <translation>Lassen Sie keine Ausnahme aus FillPluginId() und GetPluginName() heraus.</translation>
+    </message>
+    <message>
+        <source>its identifier &quot;%1&quot; is that of %2, which was loaded before</source>
+        <translation>ihre Kennung &quot;%1&quot; ist die von %2, das vorher geladen wurde</translation>
+    </message>
+    <message>
+        <source>Give the plug-in an identifier of its own in FillPluginId(), or load only one of the two.</source>
+        <translation>Geben Sie dem Plug-in in FillPluginId() eine eigene Kennung, oder laden Sie nur eines der beiden.</translation>
+    </message>
+    <message>
+        <source>TranslateWarnInfo() threw %1</source>
+        <translation>TranslateWarnInfo() warf %1</translation>
+    </message>
+    <message>
+        <source>Let no exception out of it.</source>
+        <translation>Lassen Sie keine Ausnahme heraus.</translation>
+    </message>
+    <message>
+        <source>StartPlugin() threw %1</source>
+        <translation>StartPlugin() warf %1</translation>
+    </message>
+    <message>
+        <source>Catch the exception in the plug-in and return false from PreStartPlugin() or PostStartPlugin().</source>
+        <translation>Fangen Sie die Ausnahme im Plug-in, und liefern Sie false aus PreStartPlugin() oder PostStartPlugin().</translation>
+    </message>
+    <message>
+        <source>StartPlugin() returned false: the plug-in refuses to start</source>
+        <translation>StartPlugin() lieferte false: Das Plug-in startet nicht</translation>
+    </message>
+    <message>
+        <source>See why its PreStartPlugin() or PostStartPlugin() returns false.</source>
+        <translation>Sehen Sie nach, warum sein PreStartPlugin() oder PostStartPlugin() false liefert.</translation>
+    </message>
+    <message>
+        <source>PostStartAddons() threw %1</source>
+        <translation>PostStartAddons() warf %1</translation>
+    </message>
+    <message>
+        <source>Let no exception out of PostInitPluginAndAddons().</source>
+        <translation>Lassen Sie keine Ausnahme aus PostInitPluginAndAddons() heraus.</translation>
+    </message>
+    <message>
+        <source>ClosePlugin() threw %1</source>
+        <translation>ClosePlugin() warf %1</translation>
+    </message>
+    <message>
+        <source>Let no exception out of PreClosePlugin().</source>
+        <translation>Lassen Sie keine Ausnahme aus PreClosePlugin() heraus.</translation>
+    </message>
+    <message>
+        <source>ClosePlugin() returned false</source>
+        <translation>ClosePlugin() lieferte false</translation>
+    </message>
+    <message>
+        <source>A plug-in cannot refuse to close: return true.</source>
+        <translation>Ein Plug-in kann das Schließen nicht verweigern: Liefern Sie true.</translation>
+    </message>
+    <message>
+        <source>it has not told within %1 s that it has closed</source>
+        <translation>es hat nicht innerhalb von %1 s gemeldet, dass es geschlossen ist</translation>
+    </message>
+    <message>
+        <source>Do not override ClosePlugin(), or call PluginBase::ClosePlugin() from it, and do not block the event loop.</source>
+        <translation>Überschreiben Sie ClosePlugin() nicht, oder rufen Sie darin PluginBase::ClosePlugin(), und blockieren Sie die Ereignisschleife nicht.</translation>
+    </message>
+    <message>
+        <source>The plug-in &quot;%1&quot; (%2) was taken out: %3. %4</source>
+        <translation>Das Plug-in &quot;%1&quot; (%2) wurde herausgenommen: %3. %4</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::ProtocolMenuFactory</name>
+    <message>
+        <source>Protocols are not available on this terminal yet: there is no protocol menu &quot;%1&quot;.</source>
+        <translation>Protokolle gibt es auf diesem Terminal noch nicht: Es gibt kein Protokollmenü &quot;%1&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::RegisterValueProvider</name>
+    <message>
+        <source>Unit %1 is not available</source>
+        <translation>Einheit %1 ist nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Register %1 is not available</source>
+        <translation>Register %1 ist nicht verfügbar</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::Scale</name>
+    <message>
+        <source>Overload</source>
+        <translation>Überlast</translation>
+    </message>
+    <message>
+        <source>Underload</source>
+        <translation>Unterlast</translation>
+    </message>
+    <message>
+        <source>Unreadable</source>
+        <translation>Nicht lesbar</translation>
+    </message>
+    <message>
+        <source>No connection</source>
+        <translation>Keine Verbindung</translation>
+    </message>
+    <message>
+        <source>There is no valid weight (%1).</source>
+        <translation>Es liegt kein gültiges Gewicht vor (%1).</translation>
+    </message>
+    <message>
+        <source>The weight is not stable: wait until it is.</source>
+        <translation>Das Gewicht ist nicht stabil: Warten Sie, bis es stabil ist.</translation>
+    </message>
+    <message>
+        <source>Zero can be set within %1 g of the zero at switch-on only: take the load off.</source>
+        <translation>Null lässt sich nur innerhalb von %1 g um den Einschaltnullpunkt setzen: Nehmen Sie die Last ab.</translation>
+    </message>
+    <message>
+        <source>The gross weight is below zero: set zero first.</source>
+        <translation>Das Bruttogewicht liegt unter null: Setzen Sie erst null.</translation>
+    </message>
+    <message>
+        <source>The preset tare is not a number.</source>
+        <translation>Die Taravorgabe ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>The preset tare is below zero: give 0 or more.</source>
+        <translation>Die Taravorgabe liegt unter null: Geben Sie 0 oder mehr an.</translation>
+    </message>
+    <message>
+        <source>The preset tare is above %1 g: give less.</source>
+        <translation>Die Taravorgabe liegt über %1 g: Geben Sie weniger an.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::SerialSource</name>
+    <message>
+        <source>Scale at %1, %2 baud</source>
+        <translation>Waage an %1, %2 Baud</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::Session</name>
+    <message>
+        <source>There is no plug-in &quot;%1&quot; to start. Loaded are: %2.</source>
+        <translation>Es gibt kein Plug-in &quot;%1&quot; zu starten. Geladen sind: %2.</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Sent: %1</source>
+        <translation>Gesendet: %1</translation>
+    </message>
+    <message>
+        <source>Not sent: %1</source>
+        <translation>Nicht gesendet: %1</translation>
+    </message>
+    <message>
+        <source>Max %1</source>
+        <translation>Max %1</translation>
+    </message>
+    <message>
+        <source>Simulated scale</source>
+        <translation>Simulierte Waage</translation>
+    </message>
+    <message>
+        <source>Zero</source>
+        <translation>Null</translation>
+    </message>
+    <message>
+        <source>Tare</source>
+        <translation>Tara</translation>
+    </message>
+    <message>
+        <source>Clear tare</source>
+        <translation>Tara löschen</translation>
+    </message>
+    <message>
+        <source>NET</source>
+        <translation>NETTO</translation>
+    </message>
+    <message>
+        <source>PT</source>
+        <translation>PT</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::SimulatedSource</name>
+    <message>
+        <source>Simulated scale, %1 g, readability %2 g</source>
+        <translation>Simulierte Waage, %1 g, Ablesbarkeit %2 g</translation>
+    </message>
+    <message>
+        <source>The cable is plugged in.</source>
+        <translation>Das Kabel ist eingesteckt.</translation>
+    </message>
+    <message>
+        <source>The cable is out.</source>
+        <translation>Das Kabel ist gezogen.</translation>
+    </message>
+    <message>
+        <source>More than %1 g.</source>
+        <translation>Mehr als %1 g.</translation>
+    </message>
+    <message>
+        <source>The load is below zero.</source>
+        <translation>Die Last liegt unter null.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::StoredParameters</name>
+    <message>
+        <source>The stored parameters in %1 are not a valid INI file. Correct it or move it away.</source>
+        <translation>Die gespeicherten Parameter in %1 sind keine gültige INI-Datei. Berichtigen oder verschieben Sie sie.</translation>
+    </message>
+    <message>
+        <source>The stored parameters in %1 cannot be read or written. Check the permissions of the file and its folder.</source>
+        <translation>Die gespeicherten Parameter in %1 können nicht gelesen oder geschrieben werden. Prüfen Sie die Zugriffsrechte der Datei und ihres Ordners.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::System</name>
+    <message>
+        <source>Menu files are not available on this terminal yet: &quot;%1&quot; was not read.</source>
+        <translation>Menüdateien gibt es auf diesem Terminal noch nicht: &quot;%1&quot; wurde nicht gelesen.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::TcpSource</name>
+    <message>
+        <source>Scale at %1, port %2</source>
+        <translation>Waage an %1, Port %2</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::TraceSource</name>
+    <message>
+        <source>Recording %1</source>
+        <translation>Aufzeichnung %1</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::TransferLog</name>
+    <message>
+        <source>standard output</source>
+        <translation>Standardausgabe</translation>
+    </message>
+    <message>
+        <source>The transfer log %1 cannot be written: %2. Check the path, its permissions and the free space.</source>
+        <translation>Das Übertragungsprotokoll %1 kann nicht geschrieben werden: %2. Prüfen Sie den Pfad, die Zugriffsrechte und den freien Platz.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::ViewHost</name>
+    <message>
+        <source>The application has published nothing under the name &quot;%1&quot;: its view model is null. CreateViewModel() must return an object.</source>
+        <translation>Die Anwendung hat unter dem Namen &quot;%1&quot; nichts veröffentlicht: Ihr View-Model ist null. CreateViewModel() muss ein Objekt liefern.</translation>
+    </message>
+    <message>
+        <source>The application names no screen. GetPluginScreen() must return the path of a QML file.</source>
+        <translation>Die Anwendung nennt keinen Bildschirm. GetPluginScreen() muss den Pfad einer QML-Datei liefern.</translation>
+    </message>
+    <message>
+        <source>The screen %1 of the application does not exist. Correct GetPluginScreen(), or add the file to the resources of the plug-in.</source>
+        <translation>Den Bildschirm %1 der Anwendung gibt es nicht. Berichtigen Sie GetPluginScreen(), oder nehmen Sie die Datei in die Ressourcen des Plug-ins auf.</translation>
+    </message>
+    <message>
+        <source>The screen of the application cannot be shown.</source>
+        <translation>Der Bildschirm der Anwendung kann nicht gezeigt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::Weighing</name>
+    <message>
+        <source>There is no tare to clear.</source>
+        <translation>Es gibt keine Tara zu löschen.</translation>
+    </message>
+    <message>
+        <source>The application failed while it took in a new weight: %1</source>
+        <translation>Die Anwendung ist bei der Aufnahme eines neuen Gewichts fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>The application failed while it took in a stable weight: %1</source>
+        <translation>Die Anwendung ist bei der Aufnahme eines stabilen Gewichts fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::WorkflowManager</name>
+    <message>
+        <source>Workflows are not available on this terminal yet.</source>
+        <translation>Abläufe gibt es auf diesem Terminal noch nicht.</translation>
+    </message>
+</context>
+<context>
     <name>MainDisplay</name>
     <message>
         <source>No connection to the scale</source>
@@ -119,10 +862,197 @@
     </message>
 </context>
 <context>
+    <name>Readability</name>
+    <message>
+        <source>&quot;%1&quot; is not a readability: give 1, 2 or 5 times a power of ten in grams, from 0.0000001 to 50000, such as 0.1, 0.02 or 5.</source>
+        <translation>&quot;%1&quot; ist keine Ablesbarkeit: Geben Sie das 1-, 2- oder 5-fache einer Zehnerpotenz in Gramm an, von 0.0000001 bis 50000, etwa 0.1, 0.02 oder 5.</translation>
+    </message>
+</context>
+<context>
+    <name>SicsLineParser</name>
+    <message>
+        <source>A line of more than %1 bytes; check the scale&apos;s interface settings.</source>
+        <translation>Eine Zeile von mehr als %1 Bytes; prüfen Sie die Schnittstelleneinstellungen der Waage.</translation>
+    </message>
+    <message>
+        <source>The scale cannot give a weight at present.</source>
+        <translation>Die Waage kann gerade kein Gewicht angeben.</translation>
+    </message>
+    <message>
+        <source>The scale reports an overload.</source>
+        <translation>Die Waage meldet Überlast.</translation>
+    </message>
+    <message>
+        <source>The scale reports an underload.</source>
+        <translation>Die Waage meldet Unterlast.</translation>
+    </message>
+    <message>
+        <source>Not a weight line: &quot;%1&quot;.</source>
+        <translation>Keine Gewichtszeile: &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Not a number: &quot;%1&quot;.</source>
+        <translation>Keine Zahl: &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Not a weight: &quot;%1&quot;.</source>
+        <translation>Kein Gewicht: &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Unknown unit: &quot;%1&quot;.</source>
+        <translation>Unbekannte Einheit: &quot;%1&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceSpec</name>
+    <message>
+        <source>the bracket before the IPv6 address is not closed</source>
+        <translation>die Klammer vor der IPv6-Adresse ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>the port is missing</source>
+        <translation>der Port fehlt</translation>
+    </message>
+    <message>
+        <source>what stands in brackets is not an IPv6 address</source>
+        <translation>was in Klammern steht, ist keine IPv6-Adresse</translation>
+    </message>
+    <message>
+        <source>an IPv6 address must stand in brackets</source>
+        <translation>eine IPv6-Adresse muss in Klammern stehen</translation>
+    </message>
+    <message>
+        <source>the host is missing</source>
+        <translation>der Rechner fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no host name or address</source>
+        <translation>&quot;%1&quot; ist kein Rechnername und keine Adresse</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no port; a port is a number from 1 to 65535</source>
+        <translation>&quot;%1&quot; ist kein Port; ein Port ist eine Zahl von 1 bis 65535</translation>
+    </message>
+    <message>
+        <source>the device is missing</source>
+        <translation>das Gerät fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no baud rate; a baud rate is a number from 1 to %2</source>
+        <translation>&quot;%1&quot; ist keine Baudrate; eine Baudrate ist eine Zahl von 1 bis %2</translation>
+    </message>
+    <message>
+        <source>nothing may follow &quot;sim:&quot;</source>
+        <translation>nach &quot;sim:&quot; darf nichts folgen</translation>
+    </message>
+    <message>
+        <source>the file is missing</source>
+        <translation>die Datei fehlt</translation>
+    </message>
+    <message>
+        <source>this kind of weight source does not exist</source>
+        <translation>diese Art von Gewichtsquelle gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Weight source &quot;%1&quot;: %2. Write %3.</source>
+        <translation>Gewichtsquelle &quot;%1&quot;: %2. Schreiben Sie %3.</translation>
+    </message>
+    <message>
+        <source>the weight has %1 decimal places, and at most %2 can be shown; round the weights or give a readability.</source>
+        <translation>das Gewicht hat %1 Nachkommastellen, höchstens %2 lassen sich zeigen; runden Sie die Gewichte, oder geben Sie eine Ablesbarkeit an.</translation>
+    </message>
+</context>
+<context>
+    <name>StabilitySettings</name>
+    <message>
+        <source>&quot;%1&quot; does not say what stable means: give seconds (0.05 to 60) and display increments (0 to 1000), separated by a comma, such as 1.0,1.</source>
+        <translation>&quot;%1&quot; sagt nicht, was stabil heißt: Geben Sie Sekunden (0.05 bis 60) und Ziffernschritte (0 bis 1000) an, durch Komma getrennt, etwa 1.0,1.</translation>
+    </message>
+</context>
+<context>
     <name>StatusLine</name>
     <message>
         <source>No application</source>
         <translation>Keine Anwendung</translation>
+    </message>
+</context>
+<context>
+    <name>TraceFile</name>
+    <message>
+        <source>the line is longer than %1 bytes; a line is a time and a weight, such as &quot;0.250,12.5&quot;.</source>
+        <translation>die Zeile ist länger als %1 Bytes; eine Zeile ist eine Zeit und ein Gewicht, etwa &quot;0.250,12.5&quot;.</translation>
+    </message>
+    <message>
+        <source>this is not UTF-8 text; save the file as plain text in UTF-8.</source>
+        <translation>dies ist kein UTF-8-Text; speichern Sie die Datei als reinen Text in UTF-8.</translation>
+    </message>
+    <message>
+        <source>the %1 %2 is not a number; write a plain decimal number with a point, such as 12.5.</source>
+        <translation>%1 %2 ist keine Zahl; schreiben Sie eine einfache Dezimalzahl mit Punkt, etwa 12.5.</translation>
+    </message>
+    <message>
+        <source>no file is named; write trace:FILE.</source>
+        <translation>es ist keine Datei genannt; schreiben Sie trace:DATEI.</translation>
+    </message>
+    <message>
+        <source>there is no such file; check the path.</source>
+        <translation>diese Datei gibt es nicht; prüfen Sie den Pfad.</translation>
+    </message>
+    <message>
+        <source>this is a directory; name a recording in it.</source>
+        <translation>dies ist ein Ordner; nennen Sie eine Aufzeichnung darin.</translation>
+    </message>
+    <message>
+        <source>the file cannot be read (%1); check its permissions.</source>
+        <translation>die Datei kann nicht gelesen werden (%1); prüfen Sie die Zugriffsrechte.</translation>
+    </message>
+    <message>
+        <source>the file cannot be read (%1).</source>
+        <translation>die Datei kann nicht gelesen werden (%1).</translation>
+    </message>
+    <message>
+        <source>the file is empty; its first line must be &quot;%1&quot;.</source>
+        <translation>die Datei ist leer; ihre erste Zeile muss &quot;%1&quot; sein.</translation>
+    </message>
+    <message>
+        <source>the first line is %1; it must be the header &quot;%2&quot;.</source>
+        <translation>die erste Zeile ist %1; sie muss die Kopfzeile &quot;%2&quot; sein.</translation>
+    </message>
+    <message>
+        <source>line %1 is blank and more follows; remove the blank line.</source>
+        <translation>Zeile %1 ist leer, und es folgen weitere; entfernen Sie die leere Zeile.</translation>
+    </message>
+    <message>
+        <source>%1: 2 columns expected, %2 found; a line is a time and a weight with a decimal point, separated by one comma, such as &quot;0.250,12.5&quot;.</source>
+        <translation>%1: 2 Spalten erwartet, %2 gefunden; eine Zeile ist eine Zeit und ein Gewicht mit Dezimalpunkt, durch ein Komma getrennt, etwa &quot;0.250,12.5&quot;.</translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>weight</source>
+        <translation>Gewicht</translation>
+    </message>
+    <message>
+        <source>the time %1 is out of range; it must lie between 0 and %2 seconds.</source>
+        <translation>die Zeit %1 liegt außerhalb des Bereichs; sie muss zwischen 0 und %2 Sekunden liegen.</translation>
+    </message>
+    <message>
+        <source>the weight %1 is out of range; it must lie between -%2 and %2 grams.</source>
+        <translation>das Gewicht %1 liegt außerhalb des Bereichs; es muss zwischen -%2 und %2 Gramm liegen.</translation>
+    </message>
+    <message>
+        <source>the time goes back to %1 s after %2 s; put the lines in the order of their times.</source>
+        <translation>die Zeit springt von %2 s auf %1 s zurück; ordnen Sie die Zeilen nach ihren Zeiten.</translation>
+    </message>
+    <message>
+        <source>there are more than %1 readings; cut the recording into parts.</source>
+        <translation>es sind mehr als %1 Messwerte; teilen Sie die Aufzeichnung.</translation>
+    </message>
+    <message>
+        <source>there are no readings after the header; add lines such as &quot;0.250,12.5&quot;.</source>
+        <translation>nach der Kopfzeile folgen keine Messwerte; fügen Sie Zeilen wie &quot;0.250,12.5&quot; an.</translation>
     </message>
 </context>
 </TS>
