@@ -16,6 +16,12 @@ constexpr int TimestampLength = 23;
 
 // Writing ----------------------------------------------------------------------------------------------------------
 
+template <int Size>
+constexpr QLatin1String literal(const char (&text)[Size])
+{
+    return QLatin1String(text, Size - 1);
+}
+
 /// Text of a known length that is filled from left to right.
 class TextFiller
 {
@@ -307,17 +313,16 @@ void StatisticsValue::setIsValid(bool isValid)
 
 QString StatisticsValue::ToString() const
 {
-    static constexpr QLatin1String Fixed[] = {QLatin1String("value=\""),        QLatin1String("\" komma=\""),
-                                              QLatin1String("\" unit=\""),      QLatin1String("\" flags=\""),
-                                              QLatin1String("\" timestamp=\""), QLatin1String("\"")};
+    static constexpr QLatin1String Fixed[] = {literal("value=\""),        literal("\" komma=\""),
+                                              literal("\" unit=\""),      literal("\" flags=\""),
+                                              literal("\" timestamp=\""), literal("\"")};
     return writeFields(*this, Fixed);
 }
 
 QString StatisticsValue::ToDbString() const
 {
-    static constexpr QLatin1String Fixed[] = {QLatin1String("'"),   QLatin1String("','"),
-                                              QLatin1String("','"), QLatin1String("','"),
-                                              QLatin1String("','"), QLatin1String("'")};
+    static constexpr QLatin1String Fixed[] = {literal("'"),   literal("','"), literal("','"),
+                                              literal("','"), literal("','"), literal("'")};
     return writeFields(*this, Fixed);
 }
 
