@@ -40,6 +40,7 @@ public:
     };
     Q_ENUM(CategoryOrder)
 
+    /// Makes a sorter, which has no state. `parent` owns it.
     explicit CategorySort(QObject* parent = nullptr);
     ~CategorySort() override;
 

@@ -13,6 +13,7 @@ namespace Brimvale
 class BRIMVALE_EXPORT CommandParameter
 {
 public:
+    /// Stores the number and the parameter.
     CommandParameter(int command, QString parameter);
 
     int command;       ///< number of the command

@@ -46,6 +46,7 @@ public:
     void setLastSample(double lastSample) override;
 
 signals:
+    /// The load has changed: the detector has triggered.
     void NotifyLoadChangedTriggerd() override;
 
 public slots:

@@ -55,6 +55,7 @@ public:
 
     /// Whether the figure holds a valid value.
     bool isValid();
+    /// Marks the figure as valid or not.
     void setIsValid(bool isValid);
 
     /// The key/value form: always all five fields, separated by one blank.

@@ -57,6 +57,7 @@ public:
     void functionDone(QVariant data) override;
 
 signals:
+    /// Name, state or rank have changed.
     void functionUpdated() override;
 
     /// The result of the function, once per run.
@@ -83,8 +84,11 @@ public:
     // The workers are kept by guarded pointers. A null object is refused with false and changes nothing; the method is
     // not checked.
 
+    /// Sets the worker that `startFunction()` calls.
     bool setWorker(QObject* object, QMetaMethod method);
+    /// Sets the screen worker, which `prepareResultForScreen()` calls.
     bool setScreenWorker(QObject* object, QMetaMethod method);
+    /// Sets the reset worker, which `reset()` calls.
     bool setResetWorker(QObject* object, QMetaMethod method);
 
     /// Stores the second argument, which the next start replaces.

@@ -51,6 +51,7 @@ public:
     bool isAvailableIn(QFlags<ProtocolArea> areas, ApplicationType type) const override;
 
 signals:
+    /// The trigger has fired: a protocol is to start. `uid` is the trigger's.
     void notifyTriggered(QString uid) override;
 
 public:

@@ -55,24 +55,37 @@ public:
     UnitDef& operator=(const UnitDef& other);
     virtual ~UnitDef();
 
+    /// The unit's key in the units list and in settings.
     QString name() const;
+    /// Sets the key.
     void setName(const QString& name);
 
+    /// The text shown or printed beside a value.
     QString printName() const;
+    /// Sets the text shown or printed beside a value.
     void setPrintName(const QString& printName);
 
+    /// Units per gram, or grams per unit when `isInverse()` is set.
     double factor() const;
+    /// Sets the factor.
     void setFactor(double factor);
 
+    /// The count of decimal places of a value in this unit.
     int format() const;
+    /// Sets the count of decimal places.
     void setFormat(int format);
 
+    /// The rounding step in the last decimal place; 1 for every step.
     int rounding() const;
+    /// Sets the rounding step.
     void setRounding(int rounding);
 
+    /// Whether the factor is inverted before use.
     bool isInverse() const;
+    /// Sets whether the factor is inverted before use.
     void setIsInverse(bool isInverse);
 
+    /// Sets the modes in which the unit may be offered.
     void setEnableFlag(UnitEnableFlag enableFlag);
 
     /// Units per gram: the factor, or its reciprocal when it is inverted (infinite for a factor of 0).
@@ -84,6 +97,7 @@ public:
 
     /// All seven fields are equal; the factors by `Utility::isEqual()`, whose tolerance is relative to this unit's.
     bool operator==(const UnitDef& other) const;
+    /// The opposite of `==`.
     bool operator!=(const UnitDef& other) const;
 
     /// Writes the unit as one record: header (4269603477), version (1), name, print name, factor, format, rounding,

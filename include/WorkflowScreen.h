@@ -28,12 +28,12 @@ public:
     /// The six texts of a screen in one record. Mind the order of the buttons: from right to left.
     struct ScreenTexte
     {
-        QString infoTextLine1;
-        QString infoTextLine2;
-        QString infoTextLine3;
-        QString rightButtonText;
-        QString centerButtonText;
-        QString leftButtonText;
+        QString infoTextLine1;    ///< first line of the instruction
+        QString infoTextLine2;    ///< second line
+        QString infoTextLine3;    ///< third line
+        QString rightButtonText;  ///< text of the right button
+        QString centerButtonText; ///< text of the middle button
+        QString leftButtonText;   ///< text of the left button
     };
 
     /// Makes a screen of single texts; any of them may be null. `parent` owns the screen.
