@@ -12,11 +12,11 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// The one clock of the terminal. Everything that measures, waits or stamps a time asks it, so that a run can be
-/// repeated on a VirtualClock with the same result, byte for byte.
+/// The one clock of the terminal. Everything that measures, waits or stamps a time asks it, so that a run can
+/// be repeated on a VirtualClock with the same result, byte for byte.
 ///
-/// Callbacks run on the thread of the clock, in the order of their due times; those due at the same time run in the
-/// order in which they were asked for. A callback may ask for further callbacks and cancel any.
+/// Callbacks run on the thread of the clock, in the order of their due times; those due at the same time run
+/// in the order in which they were asked for. A callback may ask for further callbacks and cancel any.
 class Clock
 {
 public:
@@ -33,8 +33,8 @@ public:
     /// nowMs() as date and time in UTC.
     QDateTime dateTime() const;
 
-    /// Calls @p callback once, @p ms milliseconds of this clock from now; a negative @p ms counts as 0. The callback
-    /// never runs inside this call. Without a callback nothing is planned and 0 is returned.
+    /// Calls @p callback once, @p ms milliseconds of this clock from now; a negative @p ms counts as 0. The
+    /// callback never runs inside this call. Without a callback nothing is planned and 0 is returned.
     virtual TimerId callAfter(qint64 ms, std::function<void()> callback) = 0;
 
     /// Forgets a pending callback. An id that has run already, was cancelled or is 0 is ignored.

@@ -13,13 +13,13 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// Pending callbacks in the order in which they are due; those due at the same time in the order of their ids, which
-/// is the order in which they were added.
+/// Pending callbacks in the order in which they are due; those due at the same time in the order of their
+/// ids, which is the order in which they were added.
 class TimerQueue
 {
 public:
-    /// Adds @p callback, due @p delayMs after @p nowMs (a negative delay counts as 0, one beyond the range of the
-    /// time saturates).
+    /// Adds @p callback, due @p delayMs after @p nowMs (a negative delay counts as 0, one beyond the range of
+    /// the time saturates).
     Clock::TimerId add(qint64 nowMs, qint64 delayMs, std::function<void()> callback);
 
     void remove(Clock::TimerId id);

@@ -34,8 +34,7 @@ bool VirtualClock::runNext()
 {
     if (m_queue.isEmpty())
         return false;
-    // A callback that advances the clock itself may have overtaken the ones that are left.
-    m_nowMs = qMax(m_nowMs, m_queue.firstDueMs());
+    m_nowMs = m_queue.firstDueMs();
     const std::function<void()> callback = m_queue.takeFirst();
     callback();
     return true;

@@ -12,8 +12,8 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// A clock that stands still until it is told to go on: headless runs and tests are as fast as they can be computed
-/// and the same on every machine. It needs no event loop.
+/// A clock that stands still until it is told to go on: headless runs and tests are as fast as they can be
+/// computed and the same on every machine. It needs no event loop.
 class VirtualClock : public Clock
 {
 public:
@@ -31,8 +31,9 @@ public:
     /// @return false, with the time unchanged, when none is pending.
     bool runNext();
 
-    /// Moves the time on by @p ms (nothing happens when that is negative) and runs every callback that is due by
-    /// then, each at its own time, those included that are asked for meanwhile. May be called from a callback.
+    /// Moves the time on by @p ms (nothing happens when that is negative) and runs every callback that is due
+    /// by then, each at its own time, those included that are asked for meanwhile. May be called from a
+    /// callback.
     void advance(qint64 ms);
 
     /// When the next callback is due, if one is pending.

@@ -60,8 +60,8 @@ void WallClock::arm()
 
 void WallClock::runDue()
 {
-    // Callbacks that are asked for meanwhile wait for the next turn, so that one that always asks for another at
-    // once does not keep the event loop from its other work.
+    // Callbacks that are asked for meanwhile wait for the next turn, so that one that always asks for another
+    // at once does not keep the event loop from its other work.
     const qint64 now = nowMs();
     const TimerId end = m_queue.nextId();
     while (!m_queue.isEmpty() && m_queue.firstDueMs() <= now && m_queue.firstId() < end) {

@@ -13,9 +13,9 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// Real time, taken from the system's date once at construction and counted on by the monotonic timer, so that
-/// setting the system's date neither delays nor hurries a weighing. Its callbacks run from the event loop of the
-/// thread that made it.
+/// Real time, taken from the system's date once at construction and counted on by the monotonic timer, so
+/// that setting the system's date neither delays nor hurries a weighing. Its callbacks run from the event
+/// loop of the thread that made it.
 class WallClock : public Clock
 {
 public:

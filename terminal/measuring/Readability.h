@@ -13,8 +13,8 @@ namespace Terminal
 
 /// The display increment of a scale: 1, 2 or 5 times a power of ten, in grams, from 0.0000001 g to 50000 g.
 ///
-/// Weights are counted in digits: steps of 10^-decimals() gram. A scale of 0.05 g has 2 decimals and an increment
-/// of 5 digits; one of 20 g has 0 decimals and an increment of 20 digits.
+/// Weights are counted in digits: steps of 10^-decimals() gram. A scale of 0.05 g has 2 decimals and an
+/// increment of 5 digits; one of 20 g has 0 decimals and an increment of 20 digits.
 class Readability
 {
 public:
@@ -23,7 +23,8 @@ public:
     /// 0.1 g.
     Readability() = default;
 
-    /// The readability of @p grams; nothing when that is not 1, 2 or 5 times a power of ten or is out of range.
+    /// The readability of @p grams; nothing when that is not 1, 2 or 5 times a power of ten or is out of
+    /// range.
     static std::optional<Readability> fromGrams(double grams);
 
     /// 10^-@p decimals gram; nothing outside 0 to MaximumDecimals.
@@ -32,8 +33,8 @@ public:
     /// The coarsest readability that is not coarser than @p grams; nothing when there is none.
     static std::optional<Readability> notCoarserThan(double grams);
 
-    /// Reads a number of grams as a person writes it ("0.1", "0.05", "20"), independent of the locale. On failure
-    /// nothing is returned and @p error, if given, tells what is wrong and what is right.
+    /// Reads a number of grams as a person writes it ("0.1", "0.05", "20"), independent of the locale. On
+    /// failure nothing is returned and @p error, if given, tells what is wrong and what is right.
     static std::optional<Readability> parse(const QString& text, QString* error = nullptr);
 
     double grams() const;
@@ -50,12 +51,12 @@ public:
     double toGrams(double digits) const;
 
     /// @p grams in digits, rounded to the increment times @p multiple, half away from zero. A millionth of an
-    /// increment is given in, so that a decimal half that has no exact double is still a half. Never -0. What is not
-    /// finite stays what it is.
+    /// increment is given in, so that a decimal half that has no exact double is still a half. Never -0. What
+    /// is not finite stays what it is.
     double round(double grams, int multiple = 1) const;
 
-    /// @p digits (a whole number) as a decimal number in grams with decimals() places and a point, whatever the
-    /// locale; never "-0.0". Empty for what is not finite.
+    /// @p digits (a whole number) as a decimal number in grams with decimals() places and a point, whatever
+    /// the locale; never "-0.0". Empty for what is not finite.
     QString format(double digits) const;
 
     friend bool operator==(const Readability& a, const Readability& b)

@@ -83,8 +83,8 @@ double Scale::grossDigits() const
 
 double Scale::netDigits() const
 {
-    // From the gross weight that is shown, so that gross, tare and net agree on the display. Only in the coarse range
-    // can there be anything left to round.
+    // From the gross weight that is shown, so that gross, tare and net agree on the display. Only in the
+    // coarse range can there be anything left to round.
     return rounded(m_readability.toGrams(grossDigits() - tareDigits()));
 }
 

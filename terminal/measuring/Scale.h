@@ -29,18 +29,20 @@ struct ScaleSettings
     StabilitySettings stability;
 };
 
-/// The scale: turns the readings of a source into gross, tare and net weight, stable or not, and carries out zero and
-/// tare.
+/// The scale: turns the readings of a source into gross, tare and net weight, stable or not, and carries out
+/// zero and tare.
 ///
-/// Weights are given in digits, whole numbers of steps of 10^-decimals() gram, rounded to the display increment,
-/// half away from zero. Without a valid reading there is no weight: the values are not a number and the texts are
-/// empty, never 0.
+/// Weights are given in digits, whole numbers of steps of 10^-decimals() gram, rounded to the display
+/// increment, half away from zero. Without a valid reading there is no weight: the values are not a number
+/// and the texts are empty, never 0.
 ///
-/// Zero. The zero point of the source when the terminal starts is the power-on zero. zero() moves the zero point,
-/// within 2 % of the capacity about the power-on zero, and clears the tare. There is no automatic zero tracking.
+/// Zero. The zero point of the source when the terminal starts is the power-on zero. zero() moves the zero
+/// point, within 2 % of the capacity about the power-on zero, and clears the tare. There is no automatic zero
+/// tracking.
 ///
-/// Ranges. With @c coarseAbove set, a gross load above it is shown in the coarse range. The fine range returns when
-/// the gross load is at or below the limit by a coarse increment, so that the ranges do not alternate on the limit.
+/// Ranges. With @c coarseAbove set, a gross load above it is shown in the coarse range. The fine range
+/// returns when the gross load is at or below the limit by a coarse increment, so that the ranges do not
+/// alternate on the limit.
 class Scale : public QObject
 {
     Q_OBJECT
@@ -73,10 +75,10 @@ public:
     ~Scale() override;
     Q_DISABLE_COPY(Scale)
 
-    /// Takes the readings of @p source (not owned; may be null) from now on, and its readability and capacity where
-    /// the settings name none. Zero point, tare and stability begin anew, disconnected until the first reading. It
-    /// neither starts nor stops a source. Take a source away with null before deleting it; otherwise the last weight
-    /// stays.
+    /// Takes the readings of @p source (not owned; may be null) from now on, and its readability and capacity
+    /// where the settings name none. Zero point, tare and stability begin anew, disconnected until the first
+    /// reading. It neither starts nor stops a source. Take a source away with null before deleting it;
+    /// otherwise the last weight stays.
     void setSource(WeightSource* source);
     WeightSource* source() const;
 
@@ -87,11 +89,12 @@ public:
     Reading::Status status() const { return m_status; }
     bool isValid() const { return m_status == Reading::Status::Valid; }
 
-    /// Valid, and judged stable by the StabilityDetector; a scale that says of itself that it is not stable is not.
+    /// Valid, and judged stable by the StabilityDetector; a scale that says of itself that it is not stable
+    /// is not.
     bool isStable() const { return m_stable; }
 
-    /// For people: empty while valid, otherwise "Overload", "Underload", "Unreadable" or "No connection" in the
-    /// language of the terminal.
+    /// For people: empty while valid, otherwise "Overload", "Underload", "Unreadable" or "No connection" in
+    /// the language of the terminal.
     QString statusText() const;
     /// For people: what exactly is wrong. Often empty.
     QString statusDetail() const { return m_reading.detail; }
@@ -104,8 +107,8 @@ public:
 
     // Values, in digits.
 
-    /// Whole numbers in digits, rounded to increment(). grossDigits() and netDigits() are not a number without a
-    /// valid reading; the tare always is one.
+    /// Whole numbers in digits, rounded to incrementDigits(). grossDigits() and netDigits() are not a number
+    /// without a valid reading; the tare always is one.
     double grossDigits() const;
     double netDigits() const;
     double tareDigits() const;
@@ -115,7 +118,8 @@ public:
     double netGrams() const;
     double tareGrams() const;
 
-    /// Decimal places of the gram reading ("koma"). Changes only when a source's readability becomes known or finer.
+    /// Decimal places of the gram reading ("koma"). Changes only when a source's readability becomes known or
+    /// finer.
     int decimals() const { return m_readability.decimals(); }
     Readability readability() const { return m_readability; }
     /// The display increment in digits; ten times as large in the coarse range.
@@ -130,8 +134,8 @@ public:
     /// Where the zero point is, in grams from the power-on zero.
     double zeroOffsetGrams() const { return m_zeroGrams; }
 
-    /// Weights as text with decimals() places and a point, whatever the locale; never "-0.0". Empty without a valid
-    /// reading (the tare's never is).
+    /// Weights as text with decimals() places and a point, whatever the locale; never "-0.0". Empty without a
+    /// valid reading (the tare's never is).
     QString grossText() const;
     QString netText() const;
     QString tareText() const;
@@ -141,16 +145,18 @@ public:
     /// How many stable values have been reached.
     int stableCounter() const { return m_stableCounter; }
 
-    // Operations. Each returns whether it was carried out; otherwise nothing has changed and lastRefusal() tells why.
+    // Operations. Each returns whether it was carried out; otherwise nothing has changed and lastRefusal()
+    // tells why.
 
     /// Makes the present load the new zero and clears the tare. Needs a stable weight within the zero range.
     bool zero();
 
-    /// Makes the present gross weight the tare. Needs a stable weight that is not below zero. On an empty scale
-    /// (gross 0) there is nothing to tare: the tare is cleared.
+    /// Makes the present gross weight the tare. Needs a stable weight that is not below zero. On an empty
+    /// scale (gross 0) there is nothing to tare: the tare is cleared.
     bool tare();
 
-    /// Sets the tare by number, rounded to the fine range's increment; 0 clears it. Works without a valid weight.
+    /// Sets the tare by number, rounded to the fine range's increment; 0 clears it. Works without a valid
+    /// weight.
     bool presetTare(double grams);
 
     /// Removes the tare. Always succeeds.
@@ -170,11 +176,12 @@ signals:
     /// A reading has been taken in, valid or not.
     void newMeasurement();
 
-    /// A stable value has been reached after an unstable time: once for each. @p stableCounter counts them from 1.
+    /// A stable value has been reached after an unstable time: once for each. @p stableCounter counts them
+    /// from 1.
     void loadChanged(int stableCounter, double netDigits);
 
-    /// Something else than the weight has changed: status, its detail, stability, tare, zero point, range. Also sent
-    /// after an operation that was carried out, which changes the weight without a reading.
+    /// Something else than the weight has changed: status, its detail, stability, tare, zero point, range.
+    /// Also sent after an operation that was carried out, which changes the weight without a reading.
     void stateChanged();
 
     /// decimals() has changed, and with it the meaning of a digit.

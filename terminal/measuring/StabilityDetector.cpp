@@ -15,7 +15,8 @@ namespace Terminal
 namespace
 {
 
-/// Part of an increment by which the sum of two rounding errors may lift a spread that is exactly at the limit.
+/// Part of an increment by which the sum of two rounding errors may lift a spread that is exactly at the
+/// limit.
 constexpr double SpreadTolerance = 1.0e-6;
 
 } // namespace

@@ -11,8 +11,8 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// A plain decimal number as scales and recordings write it: an optional sign, digits, optionally a point and more
-/// digits. No exponent, no blanks, no decimal comma, no "nan" or "inf", whatever the locale.
+/// A plain decimal number as scales and recordings write it: an optional sign, digits, optionally a point and
+/// more digits. No exponent, no blanks, no decimal comma, no "nan" or "inf", whatever the locale.
 class DecimalText
 {
 public:

@@ -7,6 +7,14 @@ namespace Brimvale
 {
 namespace Terminal
 {
+namespace
+{
+
+/// After the time of a stall, so much is waited for what has arrived but not been read yet: when the event
+/// loop was kept busy, timers may run before sockets.
+constexpr int GraceMs = 20;
+
+} // namespace
 
 LineSource::LineSource(Clock& clock, const LineSourceSettings& settings, QObject* parent)
     : WeightSource(parent)
@@ -16,14 +24,16 @@ LineSource::LineSource(Clock& clock, const LineSourceSettings& settings, QObject
     , m_readability(settings.readability)
     , m_retryMs(settings.firstRetryMs)
 {
-    for (QTimer* timer : {&m_connectTimer, &m_stallTimer, &m_retryTimer})
+    for (QTimer* timer : {&m_connectTimer, &m_stallTimer, &m_graceTimer, &m_retryTimer})
         timer->setSingleShot(true);
     m_connectTimer.setInterval(m_settings.connectTimeoutMs);
     m_stallTimer.setInterval(m_settings.stallMs);
+    m_graceTimer.setInterval(GraceMs);
     connect(&m_connectTimer, &QTimer::timeout, this, [this] {
         connectionLost(tr("No answer within %1 s.").arg(m_settings.connectTimeoutMs / 1000.0));
     });
-    connect(&m_stallTimer, &QTimer::timeout, this, &LineSource::stalled);
+    connect(&m_stallTimer, &QTimer::timeout, this, [this] { m_graceTimer.start(); });
+    connect(&m_graceTimer, &QTimer::timeout, this, &LineSource::stalled);
     connect(&m_retryTimer, &QTimer::timeout, this, &LineSource::attempt);
 }
 
@@ -70,6 +80,7 @@ void LineSource::endConnection()
     m_open = false;
     m_connectTimer.stop();
     m_stallTimer.stop();
+    m_graceTimer.stop();
     closeConnection();
 }
 
@@ -113,6 +124,7 @@ void LineSource::received(const QByteArray& bytes)
 
 void LineSource::deliver(const SicsLine& line)
 {
+    m_graceTimer.stop();
     m_stallTimer.start();
     m_stalls = 0;
     m_bytesArrived = false;

@@ -25,8 +25,9 @@ struct LineSourceSettings
     int maximumLinesPerTurn =
         SicsLineParser::DefaultMaximumLines; ///< Of a flood only the newest lines are read.
 
-    /// Sent when the connection stands and again after every stall: asks the scale to send its weights continuously.
-    /// A scale that sends of its own accord may ignore it or answer with an error. Empty: nothing is sent.
+    /// Sent when the connection stands and again after every stall: asks the scale to send its weights
+    /// continuously. A scale that sends of its own accord may ignore it or answer with an error. Empty:
+    /// nothing is sent.
     QByteArray request = QByteArrayLiteral("SIR\r\n");
 
     std::optional<Readability> readability; ///< Instead of the one that the lines tell.
@@ -34,9 +35,10 @@ struct LineSourceSettings
 
 /// A scale that sends SICS weight lines over some connection; the connection itself is the derived class's.
 ///
-/// It never blocks. A connection that fails or goes away is reported at once (reading() with Disconnected) and made
-/// again after a wait that grows; a line that cannot be read is a reading that is Unreadable; silence is Disconnected
-/// until the next weight line. Every line is a reading, up to maximumLinesPerTurn for one turn of the event loop.
+/// It never blocks. A connection that fails or goes away is reported at once (reading() with Disconnected)
+/// and made again after a wait that grows; a line that cannot be read is a reading that is Unreadable;
+/// silence is Disconnected until the next weight line. Every line is a reading, up to maximumLinesPerTurn for
+/// one turn of the event loop.
 class LineSource : public WeightSource
 {
     Q_OBJECT
@@ -84,6 +86,7 @@ private:
     std::optional<Readability> m_readability;
     QTimer m_connectTimer;
     QTimer m_stallTimer;
+    QTimer m_graceTimer; ///< From the end of m_stallTimer on.
     QTimer m_retryTimer;
     int m_retryMs;
     int m_stalls = 0; ///< Since the last weight line.

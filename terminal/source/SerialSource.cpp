@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "source/SerialSource.h"
 
-#include <QPointer>
-
 namespace Brimvale
 {
 namespace Terminal
@@ -37,13 +35,9 @@ void SerialSource::openConnection()
         port, &QSerialPort::readyRead, port, [this] { received(m_port->readAll()); }, Qt::QueuedConnection);
     connect(
         port, &QSerialPort::errorOccurred, port,
-        [this, port = QPointer<QSerialPort>(port)](QSerialPort::SerialPortError error) {
-            if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError)
-                return;
-            const QString detail = port->errorString();
-            received(port->readAll());
-            if (port)
-                connectionLost(detail);
+        [this](QSerialPort::SerialPortError error) {
+            if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError)
+                connectionLost(m_port->errorString());
         },
         Qt::QueuedConnection);
     connectionOpened();

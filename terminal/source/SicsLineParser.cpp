@@ -110,8 +110,8 @@ SicsLineParser::SicsLineParser(int maximumLines)
 
 QVector<SicsLine> SicsLineParser::feed(const QByteArray& bytes)
 {
-    // First only cut into lines, so that a flood costs no more than looking for line ends. A null line stands for one
-    // that is too long.
+    // First only cut into lines, so that a flood costs no more than looking for line ends. A null line stands
+    // for one that is too long.
     QVector<QByteArray> lines;
     const auto append = [&](const QByteArray& line) {
         if (lines.size() >= 2 * m_maximumLines) {

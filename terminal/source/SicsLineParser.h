@@ -21,7 +21,7 @@ struct SicsLine
     enum class Kind
     {
         Weight, ///< A reading, valid or not: see status.
-        Answer ///< Another answer of a scale ("ES", "ET", "EL", "I4 A ..."): it carries no weight and is no fault.
+        Answer  ///< Another answer of a scale ("ES", "ET", "EL", "I4 A ..."): no weight, and no fault.
     };
 
     Kind kind = Kind::Weight;
@@ -44,14 +44,15 @@ struct SicsLine
 /// | `S +`               | Overload                                             |
 /// | `S -`               | Underload                                            |
 ///
-/// A line ends with CR LF; a bare LF is accepted. The fields are separated by one or more blanks. Units are g, kg, t,
-/// mg, ug, ct (metric carat, 0.2 g), lb (453.59237 g), oz (28.349523125 g), ozt (31.1034768 g), GN (grain,
-/// 0.06479891 g) and dwt (1.55517384 g), all exact by definition. Whatever else arrives is Unreadable with the
-/// reason; nothing unreadable ever becomes a weight.
+/// A line ends with CR LF; a bare LF is accepted. The fields are separated by one or more blanks. Units are
+/// g, kg, t, mg, ug, ct (metric carat, 0.2 g), lb (453.59237 g), oz (28.349523125 g), ozt (31.1034768 g), GN
+/// (grain, 0.06479891 g) and dwt (1.55517384 g), all exact by definition. Whatever else arrives is Unreadable
+/// with the reason; nothing unreadable ever becomes a weight.
 class SicsLineParser
 {
 public:
-    /// Longest line in bytes, its end not counted. Of a longer one nothing is kept: it is one unreadable line.
+    /// Longest line in bytes, its end not counted. Of a longer one nothing is kept: it is one unreadable
+    /// line.
     static constexpr int MaximumLineLength = 128;
 
     /// Most lines that one feed() returns unless set otherwise: ten seconds at a hundred readings a second.
@@ -59,8 +60,8 @@ public:
 
     explicit SicsLineParser(int maximumLines = DefaultMaximumLines);
 
-    /// Takes @p bytes in and returns the lines that they complete, in order; blank lines are left out. When that
-    /// would be more than the maximum, the newest are returned and the others counted by droppedLines().
+    /// Takes @p bytes in and returns the lines that they complete, in order; blank lines are left out. When
+    /// that would be more than the maximum, the newest are returned and the others counted by droppedLines().
     QVector<SicsLine> feed(const QByteArray& bytes);
 
     /// Forgets a begun line: what comes next belongs to a new connection.

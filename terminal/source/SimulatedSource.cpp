@@ -213,8 +213,8 @@ void SimulatedSource::advanceTo(qint64 timeMs)
 
 double SimulatedSource::gaussian()
 {
-    // The sum of twelve uniform numbers has the variance 1 and is close to a normal distribution; it needs additions
-    // only, which come out alike everywhere.
+    // The sum of twelve uniform numbers has the variance 1 and is close to a normal distribution; it needs
+    // additions only, which come out alike everywhere.
     double sum = -6.0;
     for (int i = 0; i < 12; ++i)
         sum += static_cast<double>(nextRandom() >> 11) * (1.0 / 9007199254740992.0);

@@ -23,14 +23,16 @@ struct SimulationSettings
     static constexpr double DefaultCapacityIncrements = 60000.0; ///< 6000 g at 0.1 g.
 };
 
-/// A simulated load cell: a spring and mass that settle with a touch of overshoot (1.5 %, within half an increment of
-/// 1000 g at 0.1 g after some 1.5 s), under noise and drift.
+/// A simulated load cell: a spring and mass that settle with a touch of overshoot (1.5 %, within half an
+/// increment of 1000 g at 0.1 g after some 1.5 s), under noise and drift.
 ///
-/// It only adds, subtracts, multiplies and divides, in steps of one millisecond, and has its own noise generator:
-/// the functions of the mathematics library and the distributions of the C++ library differ between machines.
+/// It only adds, subtracts, multiplies and divides, in steps of one millisecond, and has its own noise
+/// generator: the functions of the mathematics library and the distributions of the C++ library differ
+/// between machines.
 ///
-/// Overload is reported above capacity plus OverloadIncrements, underload below minus UnderloadIncrements, both
-/// judged from the cell's own zero. The cable out is reported as Disconnected, at once and then at every reading.
+/// Overload is reported above capacity plus OverloadIncrements, underload below minus UnderloadIncrements,
+/// both judged from the cell's own zero. The cable out is reported as Disconnected, at once and then at every
+/// reading.
 class SimulatedSource : public WeightSource
 {
     Q_OBJECT
@@ -63,7 +65,8 @@ public:
     /// What lies on the pan, in grams: what the cell settles to, without noise and drift.
     double load() const { return m_load; }
 
-    /// Standard deviation of the noise in increments; negative counts as 0. No noise goes beyond six times that.
+    /// Standard deviation of the noise in increments; negative counts as 0. No noise goes beyond six times
+    /// that.
     void setNoise(double increments);
     double noise() const { return m_noise; }
 

@@ -54,8 +54,8 @@ struct SourceOptions
     LineSourceSettings lines;               ///< Its readability gives way to the one above.
 };
 
-/// Makes the source, not started. @p clock must outlive it. On failure (a recording that cannot be read) null is
-/// returned and @p error tells the reason as a whole message.
+/// Makes the source, not started. @p clock must outlive it. On failure (a recording that cannot be read) null
+/// is returned and @p error tells the reason as a whole message.
 std::unique_ptr<WeightSource> createSource(const SourceSpec& spec, Clock& clock, const SourceOptions& options,
                                            QString* error);
 

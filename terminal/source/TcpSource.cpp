@@ -2,7 +2,6 @@
 #include "source/TcpSource.h"
 
 #include <QNetworkProxy>
-#include <QPointer>
 
 namespace Brimvale
 {
@@ -37,21 +36,15 @@ void TcpSource::openConnection()
     QTcpSocket* const socket = m_socket.get();
     socket->setProxy(QNetworkProxy::NoProxy);
     socket->setReadBufferSize(ReadBufferSize);
-    // Queued, so that whoever is told may end the connection or delete the source: a socket does not bear that from
-    // inside its own signals.
+    // Queued, so that whoever is told may end the connection or delete the source: a socket does not bear
+    // that from inside its own signals.
     connect(
         socket, &QTcpSocket::connected, socket, [this] { connectionOpened(); }, Qt::QueuedConnection);
     connect(
         socket, &QTcpSocket::readyRead, socket, [this] { received(m_socket->readAll()); },
         Qt::QueuedConnection);
     connect(
-        socket, &QTcpSocket::errorOccurred, socket,
-        [this, socket = QPointer<QTcpSocket>(socket)] {
-            const QString detail = socket->errorString();
-            received(socket->readAll()); // What the peer sent before it went away.
-            if (socket)
-                connectionLost(detail);
-        },
+        socket, &QTcpSocket::errorOccurred, socket, [this] { connectionLost(m_socket->errorString()); },
         Qt::QueuedConnection);
     socket->connectToHost(m_host, m_port);
 }

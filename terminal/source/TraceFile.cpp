@@ -36,7 +36,8 @@ public:
     {
     }
 
-    /// The next line without its end and without blanks around it; nothing at the end of the file or on a failure.
+    /// The next line without its end and without blanks around it; nothing at the end of the file or on a
+    /// failure.
     std::optional<QByteArray> next()
     {
         QByteArray line = m_device.readLine(MaximumLineLength + 3);
@@ -91,7 +92,7 @@ QString quoted(const QByteArray& bytes)
 /// Reads one field as a number; fails with a message that names @p field.
 std::optional<DecimalText> number(Reader& reader, const QByteArray& bytes, const QString& field)
 {
-    const std::optional<DecimalText> number = DecimalText::parse(bytes);
+    std::optional<DecimalText> number = DecimalText::parse(bytes);
     if (!number) {
         reader.fail(
             Texts::tr("the %1 %2 is not a number; write a plain decimal number with a point, such as 12.5.")
@@ -120,7 +121,7 @@ std::optional<TraceFile> TraceFile::load(const QString& fileName, QString* error
     if (!file.open(QIODevice::ReadOnly))
         return fail(
             Texts::tr("the file cannot be read (%1); check its permissions.").arg(file.errorString()));
-    const std::optional<TraceFile> trace = parse(file, fileName, error);
+    std::optional<TraceFile> trace = parse(file, fileName, error);
     if (file.error() != QFileDevice::NoError)
         return fail(Texts::tr("the file cannot be read (%1).").arg(file.errorString()));
     return trace;

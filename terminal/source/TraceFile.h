@@ -14,10 +14,10 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// A recorded weighing: a text file (UTF-8, lines ended by LF or CR LF) whose first line is "time_s,weight_g" and
-/// whose other lines are a time in seconds since the start of the recording and a weight in grams, both plain
-/// decimal numbers with a point. The times never go backwards; two readings may bear the same time. Blank lines are
-/// allowed at the end only.
+/// A recorded weighing: a text file (UTF-8, lines ended by LF or CR LF) whose first line is "time_s,weight_g"
+/// and whose other lines are a time in seconds since the start of the recording and a weight in grams, both
+/// plain decimal numbers with a point. The times never go backwards; two readings may bear the same time.
+/// Blank lines are allowed at the end only.
 class TraceFile
 {
 public:
@@ -30,8 +30,8 @@ public:
     static constexpr double MaximumSeconds = 1.0e8; ///< Some three years.
     static constexpr double MaximumGrams = 1.0e9;
 
-    /// Reads the file @p fileName. On failure nothing is returned and @p error tells the file, the line, what is
-    /// wrong and what to do about it.
+    /// Reads the file @p fileName. On failure nothing is returned and @p error tells the file, the line, what
+    /// is wrong and what to do about it.
     static std::optional<TraceFile> load(const QString& fileName, QString* error);
 
     /// Reads from an open @p device; @p name names it in the messages.

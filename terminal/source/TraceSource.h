@@ -12,8 +12,8 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// Plays a recorded weighing: every reading comes at its recorded time after start(), and bears that time even when
-/// the event loop was late. None is left out. The weights are handed on as they were recorded.
+/// Plays a recorded weighing: every reading comes at its recorded time after start(), and bears that time
+/// even when the event loop was late. None is left out. The weights are handed on as they were recorded.
 class TraceSource : public WeightSource
 {
     Q_OBJECT
@@ -27,8 +27,8 @@ public:
                 QObject* parent = nullptr);
     ~TraceSource() override;
 
-    /// The recording's own readability: as many decimal places as its weights are written with. Nothing when they
-    /// have more than Readability::MaximumDecimals.
+    /// The recording's own readability: as many decimal places as its weights are written with. Nothing when
+    /// they have more than Readability::MaximumDecimals.
     static std::optional<Readability> readabilityOf(const TraceFile& trace);
 
     void start() override;

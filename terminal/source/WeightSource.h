@@ -22,17 +22,19 @@ public:
     ~WeightSource() override;
     Q_DISABLE_COPY(WeightSource)
 
-    /// Begins to deliver readings; from the beginning when it was stopped before. Nothing when it runs already.
+    /// Begins to deliver readings; from the beginning when it was stopped before. Nothing when it runs
+    /// already.
     virtual void start() = 0;
 
-    /// Ends the delivery at once; no signal comes after it. May be called from a slot of the source's signals.
+    /// Ends the delivery at once; no signal comes after it. May be called from a slot of the source's
+    /// signals.
     virtual void stop() = 0;
 
     /// For the status line: what the source is, in a few words.
     virtual QString description() const = 0;
 
-    /// The display increment in grams, 1, 2 or 5 times a power of ten; 0 while it is not known, which happens with a
-    /// real scale before its first weight. It may become finer as more is known, never coarser: see
+    /// The display increment in grams, 1, 2 or 5 times a power of ten; 0 while it is not known, which happens
+    /// with a real scale before its first weight. It may become finer as more is known, never coarser: see
     /// readabilityChanged().
     virtual double readability() const = 0;
 

@@ -4,11 +4,12 @@
 #include "source/SerialSource.h"
 
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
+#include <cstdlib>
 #include <fcntl.h>
 #include <memory>
-#include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -244,10 +245,7 @@ void tst_SerialSource::noiseOfAnotherBaudRate()
     m_settings.stallMs = 100;
     m_settings.stallsBeforeReconnect = 1000;
     makeStarted();
-    for (int i = 0; i < 10; ++i) {
-        QVERIFY(m_scale->send(QByteArray(40, '\xF8')));
-        QTest::qWait(5);
-    }
+    QVERIFY(m_scale->send(QByteArray(400, '\xF8')));
     // A line that is too long is unreadable as soon as it is; then nothing that is a line comes any more.
     QTRY_COMPARE(m_recorder->readings.size(), 2);
     QCOMPARE(m_recorder->readings.at(0).status, Reading::Status::Unreadable);
@@ -277,7 +275,9 @@ void tst_SerialSource::stall()
     // Opened anew, it still works.
     QByteArray received;
     QTRY_VERIFY((received += m_scale->received()).count("SIR\r\n") >= 4);
-    QVERIFY(m_scale->send("S S 1.5 g\r\n"));
+    QTimer sending;
+    connect(&sending, &QTimer::timeout, this, [this] { m_scale->send("S S 1.5 g\r\n"); });
+    sending.start(10);
     QTRY_VERIFY(m_recorder->events.contains(QStringLiteral("1.5 S")));
 }
 

@@ -7,6 +7,7 @@
 #include <QHostAddress>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTimer>
 #include <QtTest>
 
 #include <memory>
@@ -24,10 +25,10 @@ public:
             m_peer = m_server.nextPendingConnection();
             ++m_connections;
         });
-        m_listening = m_server.listen(address, port);
+        m_server.listen(address, port);
     }
 
-    bool isListening() const { return m_listening; }
+    bool isListening() const { return m_server.isListening(); }
     quint16 port() const { return m_server.serverPort(); }
     int connections() const { return m_connections; }
     QTcpSocket* peer() const { return m_peer; }
@@ -41,7 +42,6 @@ public:
 private:
     QTcpServer m_server;
     QPointer<QTcpSocket> m_peer;
-    bool m_listening = false;
     int m_connections = 0;
 };
 
@@ -83,6 +83,7 @@ private slots:
     void stallEndsWithTheNextLine();
     void longStallReconnects();
     void slowScaleIsNoStall();
+    void busyEventLoopIsNoStall();
 
     void burstIsNotLost();
     void hundredReadingsASecond();
@@ -476,7 +477,12 @@ void tst_TcpSource::longStallReconnects()
     m_settings.stallsBeforeReconnect = 2;
     makeConnected();
     QTRY_VERIFY(m_scale->connections() >= 2);
-    m_scale->send("S S 5.0 g\r\n");
+    QTimer sending;
+    connect(&sending, &QTimer::timeout, this, [this] {
+        if (m_scale->peer())
+            m_scale->send("S S 5.0 g\r\n");
+    });
+    sending.start(5);
     QTRY_VERIFY(m_recorder->events.contains(QStringLiteral("5 S")));
 }
 
@@ -490,6 +496,21 @@ void tst_TcpSource::slowScaleIsNoStall()
     }
     QTRY_COMPARE(m_recorder->readings.size(), 5);
     QCOMPARE(m_recorder->count(Reading::Status::Valid), 5);
+}
+
+void tst_TcpSource::busyEventLoopIsNoStall()
+{
+    m_settings.stallMs = 200;
+    makeConnected();
+    m_scale->send("S S 5.0 g\r\n");
+    QTRY_COMPARE(m_recorder->readings.size(), 1);
+    for (int i = 0; i < 3; ++i) {
+        // The line has arrived when the event loop comes to it, and the time of a stall is over.
+        m_scale->send("S S 6.0 g\r\n");
+        QTest::qSleep(250);
+        QTRY_COMPARE(m_recorder->readings.size(), i + 2);
+    }
+    QCOMPARE(m_recorder->count(Reading::Status::Valid), 4);
 }
 
 void tst_TcpSource::burstIsNotLost()

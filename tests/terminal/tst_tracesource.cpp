@@ -268,7 +268,7 @@ void tst_TraceSource::lateClockLosesNothing()
     QCOMPARE(m_recorder->readings.size(), Count);
     QVector<qint64> expected;
     for (int i = 0; i < Count; ++i)
-        expected.append(i * 1000);
+        expected.append(qint64(1000) * i);
     QCOMPARE(times(), expected);
     QCOMPARE(m_recorder->events.last(), QStringLiteral("finished"));
 }

@@ -4,11 +4,11 @@
 
 They are made up, with whole-number arithmetic and a fixed seed, so that every run writes the same bytes:
 
-filling.csv  80 s of a 0.1 g scale at irregular 4 to 6 readings a second: drift below zero, the vessel touched, an
-             ingredient of 5 g, a steady flow, and at rest on 48.2 g.
-fast.csv     12 s of a 0.01 g scale at exactly 100 readings a second: a load of 150 g put on at 2 s and taken off at
-             8 s, with settling and noise.
-coarse.csv   10 s of a scale that writes whole grams only, lines ended by CR LF, with a blank line at the end.
+filling.csv  80 s of a 0.1 g scale at irregular 4 to 6 readings a second: drift below zero, the vessel
+             touched, an ingredient of 5 g, a steady flow, and at rest on 48.2 g.
+fast.csv     12 s of a 0.01 g scale at exactly 100 readings a second: a load of 150 g put on at 2 s and
+             taken off at 8 s, with settling and noise.
+coarse.csv   10 s of a scale that writes whole grams only, lines ended by CR LF, a blank line at the end.
 """
 
 import sys
