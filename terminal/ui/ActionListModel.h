@@ -14,11 +14,11 @@ namespace Terminal
 /// What the action bar shows of one action.
 struct ActionEntry
 {
-    QString uid;            ///< Unique identifier, handed back when the button is pressed.
-    QString name;           ///< Button text, already translated; a line feed breaks it over two lines.
-    bool enabled = true;    ///< Whether the button can be pressed.
-    bool toggle = false;    ///< Whether the button has several states and shows which one is on.
-    int toggleIndex = 0;    ///< Current state of a toggle button, 0 up to maxToggleIndex.
+    QString uid;         ///< Unique identifier, handed back when the button is pressed.
+    QString name;        ///< Button text, translated; a line feed ends a line, a soft hyphen marks a break.
+    bool enabled = true; ///< Whether the button can be pressed.
+    bool toggle = false; ///< Whether the button has several states and shows which one is on.
+    int toggleIndex = 0; ///< Current state of a toggle button, 0 up to maxToggleIndex.
     int maxToggleIndex = 0; ///< Highest state of a toggle button; 1 makes a plain on/off button.
 
     bool operator==(const ActionEntry& other) const;

@@ -162,7 +162,7 @@ void tst_UiPictures::state_data()
              {QStringLiteral("a2"), QStringLiteral("Auto tare"), true, true, 1, 1},
              {QStringLiteral("a3"), QStringLiteral("Filter"), true, true, 1, 2},
              {QStringLiteral("a4"), QStringLiteral("Tolerance check"), true, true, 0, 1},
-             {QStringLiteral("a5"), QStringLiteral("Mittelwertbildung starten"), false},
+             {QStringLiteral("a5"), QStringLiteral("Mittelwert\u00ADbildung starten"), false},
              {QStringLiteral("a6"), QStringLiteral("Record")},
              {QStringLiteral("a7"), QStringLiteral("Clear")},
              {QStringLiteral("a8"), QStringLiteral("Settings")}});

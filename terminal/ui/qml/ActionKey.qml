@@ -42,10 +42,8 @@ Rectangle {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         wrapMode: Text.Wrap
-        maximumLineCount: 2
+        maximumLineCount: key.toggle || key.icon.length > 0 ? 2 : 3
         elide: Text.ElideRight
-        fontSizeMode: Text.Fit
-        minimumPixelSize: Theme.captionSize
         font.pixelSize: Theme.bodySize
         font.weight: Font.Medium
         color: key.enabled ? Theme.frameInk : Theme.frameInkFaint

@@ -149,7 +149,7 @@ Rectangle {
         }
         Text {
             width: parent.width
-            text: qsTr("The readings come from a real source")
+            text: qsTr("The scale is not simulated")
             wrapMode: Text.WordWrap
             font.pixelSize: Theme.bodySize
             font.weight: Font.Medium

@@ -66,9 +66,20 @@ Rectangle {
                     font.pixelSize: Theme.bodySize
                     color: Theme.inkSoft
                 }
+                Icon {
+                    readonly property bool atRight: row.info ? row.info.isItemValueRightAligned : false
+                    visible: row.info ? row.info.isItemValueInvalid : false
+                    x: atRight ? value.x + value.width - value.contentWidth - width - 6 : value.x - width - 6
+                    anchors.verticalCenter: parent.verticalCenter
+                    name: "warning"
+                    size: 18
+                    color: Theme.error
+                }
                 Text {
+                    id: value
+                    readonly property int iconSpace: row.info && row.info.isItemValueInvalid ? 24 : 0
                     anchors.left: title.right
-                    anchors.leftMargin: title.text.length > 0 ? 12 : 0
+                    anchors.leftMargin: (title.text.length > 0 ? 12 : 0) + iconSpace
                     anchors.right: parent.right
                     height: parent.height
                     verticalAlignment: Text.AlignVCenter
@@ -78,7 +89,6 @@ Rectangle {
                     elide: Text.ElideRight
                     font.pixelSize: Theme.bodySize
                     font.weight: Font.Medium
-                    font.strikeout: row.info ? row.info.isItemValueInvalid : false
                     color: row.info && row.info.isItemValueInvalid ? Theme.error : Theme.ink
                 }
             }

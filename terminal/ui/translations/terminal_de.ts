@@ -47,10 +47,6 @@
         <translation>Abräumen</translation>
     </message>
     <message>
-        <source>The readings come from a real source</source>
-        <translation>Die Messwerte kommen von einer echten Quelle</translation>
-    </message>
-    <message>
         <source>Weights, noise, drift and the cable can be changed on the simulated scale only. Level and calibration can be tried with every source.</source>
         <translation>Gewichte, Rauschen, Drift und Kabel lassen sich nur an der simulierten Waage ändern. Nivellierung und Kalibrierung lassen sich mit jeder Quelle erproben.</translation>
     </message>
@@ -98,100 +94,9 @@
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
-</context>
-<context>
-    <name>Brimvale::Terminal</name>
     <message>
-        <source>an unknown processor (number %1)</source>
-        <translation>ein unbekannter Prozessor (Nummer %1)</translation>
-    </message>
-    <message>
-        <source>folder</source>
-        <translation>Ordner</translation>
-    </message>
-    <message>
-        <source>file</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
-        <source>format</source>
-        <translation>Format</translation>
-    </message>
-    <message>
-        <source>processor</source>
-        <translation>Prozessor</translation>
-    </message>
-    <message>
-        <source>metadata</source>
-        <translation>Metadaten</translation>
-    </message>
-    <message>
-        <source>identifier</source>
-        <translation>Kennung</translation>
-    </message>
-    <message>
-        <source>Qt version</source>
-        <translation>Qt-Version</translation>
-    </message>
-    <message>
-        <source>library</source>
-        <translation>Bibliothek</translation>
-    </message>
-    <message>
-        <source>instance</source>
-        <translation>Instanz</translation>
-    </message>
-    <message>
-        <source>interface</source>
-        <translation>Schnittstelle</translation>
-    </message>
-    <message>
-        <source>initialisation</source>
-        <translation>Initialisierung</translation>
-    </message>
-    <message>
-        <source>loaded</source>
-        <translation>geladen</translation>
-    </message>
-    <message>
-        <source>No plug-ins were loaded from %1: %2. %3</source>
-        <translation>Aus %1 wurden keine Plug-ins geladen: %2. %3</translation>
-    </message>
-    <message>
-        <source>Plug-in %1 was not loaded (%2): %3. %4</source>
-        <translation>Das Plug-in %1 wurde nicht geladen (%2): %3. %4</translation>
-    </message>
-    <message>
-        <source>there is no such folder</source>
-        <translation>diesen Ordner gibt es nicht</translation>
-    </message>
-    <message>
-        <source>Check the path.</source>
-        <translation>Prüfen Sie den Pfad.</translation>
-    </message>
-    <message>
-        <source>this is no folder</source>
-        <translation>dies ist kein Ordner</translation>
-    </message>
-    <message>
-        <source>Load a single file with --plugin.</source>
-        <translation>Eine einzelne Datei lädt --plugin.</translation>
-    </message>
-    <message>
-        <source>it cannot be read</source>
-        <translation>sie kann nicht gelesen werden</translation>
-    </message>
-    <message>
-        <source>Check its permissions.</source>
-        <translation>Prüfen Sie die Zugriffsrechte.</translation>
-    </message>
-    <message>
-        <source>it has no plug-in (*.so)</source>
-        <translation>er enthält kein Plug-in (*.so)</translation>
-    </message>
-    <message>
-        <source>Name the folder into which the plug-ins are built.</source>
-        <translation>Nennen Sie den Ordner, in den die Plug-ins gebaut werden.</translation>
+        <source>The scale is not simulated</source>
+        <translation>Die Waage ist nicht simuliert</translation>
     </message>
 </context>
 <context>
@@ -229,7 +134,122 @@
     </message>
 </context>
 <context>
-    <name>Brimvale::Terminal::Attempt</name>
+    <name>Brimvale::Terminal::CalibrationService</name>
+    <message>
+        <source>Calibration required</source>
+        <translation>Kalibrierung erforderlich</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::ElfFile</name>
+    <message>
+        <source>an object file</source>
+        <translation>eine Objektdatei</translation>
+    </message>
+    <message>
+        <source>an executable</source>
+        <translation>ein Programm</translation>
+    </message>
+    <message>
+        <source>a shared library</source>
+        <translation>eine Programmbibliothek</translation>
+    </message>
+    <message>
+        <source>a core dump</source>
+        <translation>ein Speicherauszug</translation>
+    </message>
+    <message>
+        <source>kind %1</source>
+        <translation>Art %1</translation>
+    </message>
+    <message>
+        <source>its header is incomplete</source>
+        <translation>ihr Kopf ist unvollständig</translation>
+    </message>
+    <message>
+        <source>its header names no known format</source>
+        <translation>ihr Kopf nennt kein bekanntes Format</translation>
+    </message>
+    <message>
+        <source>its program headers have %1 bytes each</source>
+        <translation>ihre Programmköpfe haben je %1 Bytes</translation>
+    </message>
+    <message>
+        <source>its program headers are incomplete</source>
+        <translation>ihre Programmköpfe sind unvollständig</translation>
+    </message>
+    <message>
+        <source>it has %1 bytes, its headers speak of %2</source>
+        <translation>sie hat %1 Bytes, ihre Köpfe sprechen von %2</translation>
+    </message>
+    <message>
+        <source>an unknown processor (number %1)</source>
+        <translation>ein unbekannter Prozessor (Nummer %1)</translation>
+    </message>
+    <message>
+        <source>%1 (%2 bit, %3)</source>
+        <translation>%1 (%2 Bit, %3)</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::Host</name>
+    <message>
+        <source>The application failed while it was told about the level: %1</source>
+        <translation>Die Anwendung ist fehlgeschlagen, als sie die Nivellierung erfuhr: %1</translation>
+    </message>
+    <message>
+        <source>The application failed while it was told about the calibration: %1</source>
+        <translation>Die Anwendung ist fehlgeschlagen, als sie die Kalibrierung erfuhr: %1</translation>
+    </message>
+    <message>
+        <source>Printing is switched off.</source>
+        <translation>Drucken ist ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>There is no output that could take the measurement: neither a printer nor the transfer log is connected.</source>
+        <translation>Es gibt keine Ausgabe für die Messung: Weder ein Drucker noch das Übertragungsprotokoll ist verbunden.</translation>
+    </message>
+    <message>
+        <source>The application failed at the print request: %1</source>
+        <translation>Die Anwendung ist bei der Druckanforderung fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>An application failed: %1</source>
+        <translation>Eine Anwendung ist fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>The application &quot;%1&quot; failed: %2</source>
+        <translation>Die Anwendung &quot;%1&quot; ist fehlgeschlagen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::HostMenuList</name>
+    <message>
+        <source>Weighing parameters</source>
+        <translation>Wägeparameter</translation>
+    </message>
+    <message>
+        <source>Parameter %1</source>
+        <translation>Parameter %1</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::LineSource</name>
+    <message>
+        <source>No answer within %1 s.</source>
+        <translation>Keine Antwort innerhalb von %1 s.</translation>
+    </message>
+    <message>
+        <source>What arrives has no weight line for %1 s; check the scale&apos;s interface settings.</source>
+        <translation>Seit %1 s kommt keine Gewichtszeile an; prüfen Sie die Schnittstelleneinstellungen der Waage.</translation>
+    </message>
+    <message>
+        <source>No data for %1 s.</source>
+        <translation>Seit %1 s keine Daten.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::PluginLoader</name>
     <message>
         <source>there is no such file</source>
         <translation>diese Datei gibt es nicht</translation>
@@ -398,119 +418,81 @@
         <source>Derive the class from Brimvale::PluginBase, with Q_OBJECT.</source>
         <translation>Leiten Sie die Klasse von Brimvale::PluginBase ab, mit Q_OBJECT.</translation>
     </message>
-</context>
-<context>
-    <name>Brimvale::Terminal::CalibrationService</name>
     <message>
-        <source>Calibration required</source>
-        <translation>Kalibrierung erforderlich</translation>
-    </message>
-</context>
-<context>
-    <name>Brimvale::Terminal::ElfFile</name>
-    <message>
-        <source>an object file</source>
-        <translation>eine Objektdatei</translation>
+        <source>folder</source>
+        <translation>Ordner</translation>
     </message>
     <message>
-        <source>an executable</source>
-        <translation>ein Programm</translation>
+        <source>file</source>
+        <translation>Datei</translation>
     </message>
     <message>
-        <source>a shared library</source>
-        <translation>eine Programmbibliothek</translation>
+        <source>format</source>
+        <translation>Format</translation>
     </message>
     <message>
-        <source>a core dump</source>
-        <translation>ein Speicherauszug</translation>
+        <source>processor</source>
+        <translation>Prozessor</translation>
     </message>
     <message>
-        <source>kind %1</source>
-        <translation>Art %1</translation>
+        <source>metadata</source>
+        <translation>Metadaten</translation>
     </message>
     <message>
-        <source>its header is incomplete</source>
-        <translation>ihr Kopf ist unvollständig</translation>
+        <source>identifier</source>
+        <translation>Kennung</translation>
     </message>
     <message>
-        <source>its header names no known format</source>
-        <translation>ihr Kopf nennt kein bekanntes Format</translation>
+        <source>Qt version</source>
+        <translation>Qt-Version</translation>
     </message>
     <message>
-        <source>its program headers have %1 bytes each</source>
-        <translation>ihre Programmköpfe haben je %1 Bytes</translation>
+        <source>library</source>
+        <translation>Bibliothek</translation>
     </message>
     <message>
-        <source>its program headers are incomplete</source>
-        <translation>ihre Programmköpfe sind unvollständig</translation>
+        <source>instance</source>
+        <translation>Instanz</translation>
     </message>
     <message>
-        <source>it has %1 bytes, its headers speak of %2</source>
-        <translation>sie hat %1 Bytes, ihre Köpfe sprechen von %2</translation>
-    </message>
-</context>
-<context>
-    <name>Brimvale::Terminal::ElfFile::Target</name>
-    <message>
-        <source>%1 (%2 bit, %3)</source>
-        <translation>%1 (%2 Bit, %3)</translation>
-    </message>
-</context>
-<context>
-    <name>Brimvale::Terminal::Host</name>
-    <message>
-        <source>The application failed while it was told about the level: %1</source>
-        <translation>Die Anwendung ist fehlgeschlagen, als sie die Nivellierung erfuhr: %1</translation>
+        <source>interface</source>
+        <translation>Schnittstelle</translation>
     </message>
     <message>
-        <source>The application failed while it was told about the calibration: %1</source>
-        <translation>Die Anwendung ist fehlgeschlagen, als sie die Kalibrierung erfuhr: %1</translation>
+        <source>initialisation</source>
+        <translation>Initialisierung</translation>
     </message>
     <message>
-        <source>Printing is switched off.</source>
-        <translation>Drucken ist ausgeschaltet.</translation>
+        <source>loaded</source>
+        <translation>geladen</translation>
     </message>
     <message>
-        <source>There is no output that could take the measurement: neither a printer nor the transfer log is connected.</source>
-        <translation>Es gibt keine Ausgabe für die Messung: Weder ein Drucker noch das Übertragungsprotokoll ist verbunden.</translation>
+        <source>No plug-ins were loaded from %1: %2. %3</source>
+        <translation>Aus %1 wurden keine Plug-ins geladen: %2. %3</translation>
     </message>
     <message>
-        <source>The application failed at the print request: %1</source>
-        <translation>Die Anwendung ist bei der Druckanforderung fehlgeschlagen: %1</translation>
+        <source>Plug-in %1 was not loaded (%2): %3. %4</source>
+        <translation>Das Plug-in %1 wurde nicht geladen (%2): %3. %4</translation>
     </message>
     <message>
-        <source>An application failed: %1</source>
-        <translation>Eine Anwendung ist fehlgeschlagen: %1</translation>
+        <source>there is no such folder</source>
+        <translation>diesen Ordner gibt es nicht</translation>
     </message>
     <message>
-        <source>The application &quot;%1&quot; failed: %2</source>
-        <translation>Die Anwendung &quot;%1&quot; ist fehlgeschlagen: %2</translation>
-    </message>
-</context>
-<context>
-    <name>Brimvale::Terminal::HostMenuList</name>
-    <message>
-        <source>Weighing parameters</source>
-        <translation>Wägeparameter</translation>
+        <source>this is no folder</source>
+        <translation>dies ist kein Ordner</translation>
     </message>
     <message>
-        <source>Parameter %1</source>
-        <translation>Parameter %1</translation>
-    </message>
-</context>
-<context>
-    <name>Brimvale::Terminal::LineSource</name>
-    <message>
-        <source>No answer within %1 s.</source>
-        <translation>Keine Antwort innerhalb von %1 s.</translation>
+        <source>Load a single file with --plugin.</source>
+        <translation>Eine einzelne Datei lädt --plugin.</translation>
     </message>
     <message>
-        <source>What arrives has no weight line for %1 s; check the scale&apos;s interface settings.</source>
-        <translation>Seit %1 s kommt keine Gewichtszeile an; prüfen Sie die Schnittstelleneinstellungen der Waage.</translation>
+        <source>it has no plug-in (*.so)</source>
+        <translation>er enthält kein Plug-in (*.so)</translation>
     </message>
     <message>
-        <source>No data for %1 s.</source>
-        <translation>Seit %1 s keine Daten.</translation>
+        <source>Name the folder into which the plug-ins are built.</source>
+        <translation>Nennen Sie den Ordner, in den die Plug-ins gebaut werden.</translation>
     </message>
 </context>
 <context>
@@ -840,6 +822,13 @@
     <message>
         <source>Workflows are not available on this terminal yet.</source>
         <translation>Abläufe gibt es auf diesem Terminal noch nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::WarnInfo</name>
+    <message>
+        <source>Levelling required</source>
+        <translation>Nivellierung erforderlich</translation>
     </message>
 </context>
 <context>
