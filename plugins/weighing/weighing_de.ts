@@ -1,5 +1,6 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
+<!-- SPDX-License-Identifier: BSD-3-Clause -->
 <TS version="2.1" language="de">
 <context>
     <name>WeighingPlugin</name>
