@@ -9,9 +9,8 @@ import QtQuick 2.15
 // light field between them is what the eye meets first. One accent colour; amber, red and green say something is the
 // matter, is wrong, is well, and are used for nothing else.
 QtObject {
-    // Whether anything moves or goes away by itself.
+    // Whether anything goes away by itself.
     property bool animations: true
-    readonly property int transition: animations ? 120 : 0
 
     // Grid: everything is a multiple of 8, fine adjustments of 4.
     readonly property int unit: 8
