@@ -7,7 +7,6 @@
 #include "app/TimeDriver.h"
 #include "script/ScriptRunner.h"
 
-#include <QDir>
 #include <QSet>
 
 #include <limits>
@@ -20,8 +19,6 @@ namespace
 {
 
 constexpr double DefaultSeconds = 5.0;
-
-const QString DemoFolder = QStringLiteral("brimvale-demo");
 
 /// Lets the time pass that the command line asks for.
 void weigh(Session& session, TimeDriver& driver)
@@ -57,14 +54,7 @@ void printHead(Session& session)
 bool play(Session& session, TimeDriver& driver, const Script& script)
 {
     const Options& options = session.options();
-    QString folder = options.output;
-    if (folder.isEmpty() && options.demo)
-        folder = DemoFolder;
-    if (!folder.isEmpty() && !QDir().mkpath(folder)) {
-        printError(QStringLiteral("--output %1: the folder cannot be made; give one that can be written")
-                       .arg(folder));
-        return false;
-    }
+    const QString folder = screenshotFolder(options);
     printLine();
     ScriptRunner runner(session, driver, ScriptOutput{printLine, printFault}, folder);
     const bool ok = runner.run(script);
@@ -168,6 +158,11 @@ private:
 };
 
 } // namespace
+
+QString screenshotFolder(const Options& options)
+{
+    return options.output.isEmpty() && options.demo ? QStringLiteral("brimvale-demo") : options.output;
+}
 
 int runHeadless(Session& session, TimeDriver& driver, const Script* script)
 {

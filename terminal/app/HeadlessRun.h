@@ -2,6 +2,8 @@
 #ifndef BRIMVALE_HEADLESSRUN_H
 #define BRIMVALE_HEADLESSRUN_H
 
+#include <QString>
+
 namespace Brimvale
 {
 namespace Terminal
@@ -10,11 +12,15 @@ namespace Terminal
 class Script;
 class Session;
 class TimeDriver;
+struct Options;
+
+/// Where the screenshots of a script or demonstration go; empty: the working folder.
+QString screenshotFolder(const Options& options);
 
 /// Runs a prepared session without a window, from the loading of its plug-ins to their end, and tells on the standard
 /// output what came of it. Returns the exit code of the process.
 ///
-/// With @p script it is played. Without one the time passes: that of the command line, or until the recording ends, or
+/// With @p script it is played; screenshotFolder() must exist. Without one the time passes: that of the command line, or until the recording ends, or
 /// five seconds.
 int runHeadless(Session& session, TimeDriver& driver, const Script* script);
 

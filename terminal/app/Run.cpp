@@ -206,6 +206,13 @@ int runTerminal(int argc, char** argv)
             printFault(error);
         if (!errors.isEmpty())
             return ExitWrongUse;
+        const QString folder = screenshotFolder(options);
+        if (!folder.isEmpty() && !QDir().mkpath(folder)) {
+            printError(
+                QStringLiteral("--output %1: the folder cannot be made; give one that can be written to")
+                    .arg(folder));
+            return ExitWrongUse;
+        }
     }
     if (!options.headless && !hasDisplay()) {
         printError(QStringLiteral(

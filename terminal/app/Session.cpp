@@ -22,6 +22,11 @@ namespace Terminal
 namespace
 {
 
+/// Texts of the library that screens show. The library has no translations of its own: they are the host's.
+[[maybe_unused]] constexpr const char* LibraryTexts[] = {
+    QT_TRANSLATE_NOOP("Brimvale::WarnInfo", "Levelling required"),
+};
+
 const QString LanguageKey = QStringLiteral("terminal/language");
 const QString PositionKey = QStringLiteral("terminal/windowPosition");
 
@@ -140,13 +145,7 @@ void Session::connectScale()
 {
     connect(m_source.get(), &WeightSource::reading, this, [this] { ++m_readings; });
     connect(m_source.get(), &WeightSource::finished, this, [this] { m_sourceFinished = true; });
-    connect(m_source.get(), &WeightSource::connectionChanged, this,
-            [](bool connected, const QString& detail) {
-                if (connected)
-                    QLOG_INFO().noquote() << detail;
-                else
-                    QLOG_WARN().noquote() << detail;
-            });
+    connect(&m_scale, &Scale::newMeasurement, this, &Session::logStatus);
     connect(&m_scale, &Scale::newMeasurement, this, &Session::updateDisplay);
     connect(&m_scale, &Scale::stateChanged, this, &Session::updateDisplay);
     connect(&m_scale, &Scale::stateChanged, this, &Session::updateHostActions);
@@ -275,8 +274,9 @@ bool Session::start()
     PluginManager& plugins = m_host->plugins();
     bool started = true;
     if (!m_options.startId.isEmpty()) {
-        started = plugins.activate(m_options.startId);
-        if (plugins.indexOf(m_options.startId) < 0) {
+        const int index = plugins.indexOf(m_options.startId);
+        started = index >= 0 && startPlugin(index);
+        if (index < 0) {
             QStringList ids;
             for (const PluginInfo& plugin : plugins.plugins())
                 ids.append(plugin.identifier);
@@ -286,14 +286,18 @@ bool Session::start()
         }
     } else if (!m_options.withoutPlugin) {
         started = false;
-        for (int index = 0; index < plugins.count() && !started; ++index) {
-            if (plugins.plugins().at(index).state != PluginState::Failed)
-                started = plugins.activate(index);
-        }
+        for (int index = 0; index < plugins.count() && !started; ++index)
+            started = startPlugin(index);
     }
-    plugins.waitUntilSettled();
     m_source->start();
     return started;
+}
+
+bool Session::startPlugin(int index)
+{
+    PluginManager& plugins = m_host->plugins();
+    return plugins.activate(index) && plugins.waitUntilSettled()
+           && plugins.plugins().at(index).state == PluginState::Running;
 }
 
 void Session::shutDown()
@@ -375,6 +379,26 @@ void Session::updateDisplay()
     const double part = m_scale.isValid() ? m_scale.grossDigits() / m_scale.upperLimitDigits() : 0.0;
     m_display.setBargraphValue(static_cast<int>(std::floor(std::clamp(part, 0.0, 1.0) * 100.0)));
     m_instrument.setSourceOk(m_scale.status() != Reading::Status::Disconnected);
+}
+
+/// Logs what is wrong with the scale: every change of its status, and every new reason for a missing connection.
+/// Unreadable lines are not logged one by one, since there may be very many.
+void Session::logStatus()
+{
+    const Reading::Status status = m_scale.status();
+    const QString detail = m_scale.statusDetail();
+    const bool anotherReason = status == Reading::Status::Disconnected && detail != m_loggedDetail;
+    if (status == m_loggedStatus && !anotherReason)
+        return;
+    if (status == Reading::Status::Valid) {
+        QLOG_INFO().noquote() << m_source->description() + QStringLiteral(": readings arrive");
+    } else {
+        QStringList parts{m_source->description(), m_scale.statusText(), detail};
+        parts.removeAll(QString());
+        QLOG_WARN().noquote() << parts.join(QStringLiteral(": "));
+    }
+    m_loggedStatus = status;
+    m_loggedDetail = detail;
 }
 
 void Session::updatePlate()

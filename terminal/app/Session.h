@@ -20,6 +20,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 namespace Brimvale
 {
@@ -113,6 +114,8 @@ private:
     void reportError(const QString& error);
     void onNotice(NoticeSeverity severity, const QString& text);
     void onTransferred(const TransferRecord& record);
+    bool startPlugin(int index);
+    void logStatus();
     void updateDisplay();
     void updatePlate();
     void updateActions();
@@ -142,6 +145,8 @@ private:
     QStringList m_errors;
     QString m_lastTransfer;
     quint64 m_readings = 0;
+    std::optional<Reading::Status> m_loggedStatus;
+    QString m_loggedDetail;
     bool m_sourceFinished = false;
     Clock::TimerId m_timeTimer = 0;
     Clock::TimerId m_noticeTimer = 0;
