@@ -716,10 +716,6 @@
         <source>PT</source>
         <translation>PT</translation>
     </message>
-    <message>
-        <source>The scale weighs.</source>
-        <translation>Die Waage wägt.</translation>
-    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::SimulatedSource</name>
