@@ -160,7 +160,8 @@ bool ActionBar::press(const QString& uid)
     const auto item = std::find_if(m_items.begin(), m_items.end(),
                                    [&uid](const Item& item) { return item.state.uid == uid; });
     IAction* const action = item->action;
-    // The worker may do anything, destroy the action or close the plug-in included: nothing is touched afterwards.
+    // The worker may do anything, destroy the action or close the plug-in included: nothing is touched
+    // afterwards.
     if (const auto exception = exceptionOf([action] { action->doAction(); })) {
         m_notices.postPluginFault(tr("The action \"%1\" failed: %2").arg(name, *exception));
     }

@@ -38,18 +38,19 @@ struct ActionState
 
 /// The action bar.
 ///
-/// Order. The actions stand by rank, those of equal rank by uid. An entry overrides that: entry `i` with the value `r`
-/// puts the first action of rank `r` at place `i`, and 0, the value of every entry at first, leaves the place to the
-/// order. An entry whose rank no action has is without effect. There are EntryCount entries; others are reported and
-/// ignored.
+/// Order. The actions stand by rank, those of equal rank by uid. An entry overrides that: entry `i` with the
+/// value `r` puts the first action of rank `r` at place `i`, and 0, the value of every entry at first, leaves
+/// the place to the order. An entry whose rank no action has is without effect. There are EntryCount entries;
+/// others are reported and ignored.
 ///
 /// Entries are the user's arrangement, stored per add-on number and owner text (`StoredParameters`, menu file
-/// "actionbar/<number>", profile "actionbar"). LoadEntries() reads them into a stage, ApplyEntries() of the same number
-/// and text puts the stage into effect, and of others does nothing. SetEntry() takes effect at once and is not stored.
-/// Refresh() reads all actions again. When the plug-in closes, clear() removes its actions and entries.
+/// "actionbar/<number>", profile "actionbar"). LoadEntries() reads them into a stage, ApplyEntries() of the
+/// same number and text puts the stage into effect, and of others does nothing. SetEntry() takes effect at
+/// once and is not stored. Refresh() reads all actions again. When the plug-in closes, clear() removes its
+/// actions and entries.
 ///
-/// An action is read again whenever it says actionUpdated(); one that is destroyed disappears. An action that throws
-/// is reported and shows as a disabled button.
+/// An action is read again whenever it says actionUpdated(); one that is destroyed disappears. An action that
+/// throws is reported and shows as a disabled button.
 class ActionBar : public QObject, public IActionbar
 {
     Q_OBJECT
@@ -66,7 +67,8 @@ public:
     void Refresh() override;
     void SetEntry(int index, int value) override;
     void SetEnabled(int enabled) override;
-    /// Adds an action. Null, an action that is no QObject, and a uid that is there already are reported and ignored; the same action is added once.
+    /// Adds an action. Null, an action that is no QObject, and a uid that is there already are reported and
+    /// ignored; the same action is added once.
     void AddAction(IAction* action) override;
     void RemoveAction(IAction* action) override;
 
@@ -79,8 +81,8 @@ public:
     /// The rank that entry @p index puts at its place; 0 for none.
     int entry(int index) const { return m_entries.value(index, 0); }
 
-    /// Presses the button. Returns false when there is none of that uid or it is disabled. An action that throws is
-    /// reported; it was pressed all the same.
+    /// Presses the button. Returns false when there is none of that uid or it is disabled. An action that
+    /// throws is reported; it was pressed all the same.
     bool press(const QString& uid);
 
     /// What Refresh() does, for the terminal itself.

@@ -15,9 +15,9 @@ namespace Terminal
 class HostCallLog;
 class Notices;
 
-/// The hand-over of add-ons. This terminal starts no add-ons yet: a request is answered by a notice that says so. The
-/// start-up of the plug-in goes its way all the same: the add-ons are pending from BeginAddons() until the sequencer
-/// is told to continue.
+/// The hand-over of add-ons. This terminal starts no add-ons yet: a request is answered by a notice that says
+/// so. The start-up of the plug-in goes its way all the same: the add-ons are pending from BeginAddons()
+/// until the sequencer is told to continue.
 class AddonHost : public IAddonHost, public IAddonState
 {
     Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::AddonHost)

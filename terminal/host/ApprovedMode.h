@@ -13,8 +13,8 @@ namespace Terminal
 
 class HostCallLog;
 
-/// The approval mode: the mode bits that were set for this run. A desktop is not approved for trade, so none is set
-/// unless somebody tries one out.
+/// The approval mode: the mode bits that were set for this run. A desktop is not approved for trade, so none
+/// is set unless somebody tries one out.
 class ApprovedMode : public IApprovedMode
 {
 public:

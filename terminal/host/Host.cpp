@@ -30,8 +30,8 @@ QObject* displayOf(const QObject* object)
     return display;
 }
 
-/// The warnings that the invokable warnInfo() of an object returns; null for none. Authors write its type with or
-/// without the namespace, as the base class of plug-ins allows.
+/// The warnings that the invokable warnInfo() of an object returns; null for none. Authors write its type
+/// with or without the namespace, as the base class of plug-ins allows.
 QObject* warningsOf(QObject* object)
 {
     const int index = object->metaObject()->indexOfMethod("warnInfo()");
@@ -194,6 +194,9 @@ bool Host::pressPrint()
                                        m_registerValueProvider.reading(ISystemRegister::TareRegister));
         return true;
     }
+    if (!m_plugins.isRunning()) {
+        return false; // it could serve the request only at its next start
+    }
     if (const auto exception = exceptionOf([plugin] { QMetaObject::invokeMethod(plugin, "onDoPrint"); })) {
         m_notices.postPluginFault(tr("The application failed at the print request: %1").arg(*exception));
     }
@@ -225,8 +228,8 @@ void Host::reportException(const QString& exception)
 void Host::onAboutToStart()
 {
     m_notices.forgetPluginFaults();
-    // A plug-in makes this connection when it is initialised and cuts it when it closes: it is due again at a second
-    // start.
+    // A plug-in makes this connection when it is initialised and cuts it when it closes: it is due again at a
+    // second start.
     QObject* const plugin = m_plugins.activeObject();
     if (plugin->metaObject()->indexOfSignal("notifyPrintButtonEnableChange(bool)") >= 0) {
         connect(plugin, SIGNAL(notifyPrintButtonEnableChange(bool)), &m_workflowManager,
@@ -287,7 +290,8 @@ void Host::updateModels()
 void Host::onPrintButtonEnableChange(bool enable)
 {
     if (enable) {
-        // A plug-in that enables its button wants its prints to go out; what it switched off before is on again.
+        // A plug-in that enables its button wants its prints to go out; what it switched off before is on
+        // again.
         m_measurementTransfer.setEnabled(true);
     }
     setPrintEnabled(enable && m_measurementTransfer.isAnyTargetActive());

@@ -60,15 +60,16 @@ struct HostSettings
 
 /// The host: all services that plug-ins reach, the plug-ins, and what the terminal shows of both.
 ///
-/// Whoever shows the terminal reads the state here and listens to the signals; what the person does is told here.
+/// Whoever shows the terminal reads the state here and listens to the signals; what the person does is told
+/// here.
 ///
-/// A life: construct; connect notice() and the other signals; plugins().load(...); plugins().activate(...); run the
-/// event loop; plugins().closeAll(); destroy. Scale, clock and screen host must outlive it. Everything happens on the
-/// thread of the event loop.
+/// A life: construct; connect notice() and the other signals; plugins().load(...); plugins().activate(...);
+/// run the event loop; plugins().closeAll(); destroy. Scale, clock and screen host must outlive it.
+/// Everything happens on the thread of the event loop.
 ///
-/// An exception from a plug-in is caught wherever the host calls it directly. One that leaves a slot called by the event loop
-/// (a timer of the plug-in, a queued signal, QML) passes the host by: the application's notify() catches it and tells
-/// reportException().
+/// An exception from a plug-in is caught wherever the host calls it directly. One that leaves a slot called
+/// by the event loop (a timer of the plug-in, a queued signal, QML) passes the host by: the application's
+/// notify() catches it and tells reportException().
 class Host : public QObject
 {
     Q_OBJECT
@@ -79,8 +80,8 @@ public:
          QObject* parent = nullptr);
     ~Host() override;
 
-    /// What of the settings could not be carried out, one whole message each: the file of the stored parameters could
-    /// not be read, the transfer log not be opened. Empty when all is well.
+    /// What of the settings could not be carried out, one whole message each: the file of the stored
+    /// parameters could not be read, the transfer log not be opened. Empty when all is well.
     QStringList setupErrors() const { return m_setupErrors; }
 
     // The parts.
@@ -108,16 +109,16 @@ public:
 
     /// The buttons of the active plug-in from left to right.
     QVector<ActionState> actions() const { return m_actionBar.actions(); }
-    /// Whether the print button can be pressed: the transfer is switched on, an output is active, and the plug-in has
-    /// not switched its button off.
+    /// Whether the print button can be pressed: the transfer is switched on, an output is active, and the
+    /// plug-in has not switched its button off.
     bool isPrintEnabled() const { return m_printEnabled; }
     /// The lines of the info area.
     QList<QObject*> infoItems() const { return m_infoBox.items(); }
-    /// The display model of the active plug-in: what the property "messwertInfo" of an object that it published holds.
-    /// Null when there is none; the terminal then shows its own.
+    /// The display model of the active plug-in: what the property "messwertInfo" of an object that it
+    /// published holds. Null when there is none; the terminal then shows its own.
     QObject* display() const { return m_display; }
-    /// The warnings of the active plug-in: what the invokable "warnInfo()" of an object that it published returns. Null
-    /// when there is none.
+    /// The warnings of the active plug-in: what the invokable "warnInfo()" of an object that it published
+    /// returns. Null when there is none.
     QObject* warnings() const { return m_warnings; }
     /// Whether a control application has the whole terminal.
     bool isControlMode() const { return m_controller.isControlMode(); }
@@ -133,12 +134,13 @@ public:
     /// Presses a button of the action bar. Returns false when there is none of that uid or it is disabled.
     bool pressAction(const QString& uid) { return m_actionBar.press(uid); }
 
-    /// Presses the print button. With an active plug-in its slot onDoPrint() is called; without one the terminal
-    /// transfers its own reading. Returns false when the button is disabled.
+    /// Presses the print button. With an active plug-in its slot onDoPrint() is called; without one the
+    /// terminal transfers its own reading. Returns false when the button is disabled or the plug-in is just
+    /// starting or closing.
     bool pressPrint();
 
-    /// Switches the language ("en", "de") of the texts that the host and the plug-ins supply. The translations of the
-    /// terminal itself are to be installed before.
+    /// Switches the language ("en", "de") of the texts that the host and the plug-ins supply. The
+    /// translations of the terminal itself are to be installed before.
     void setLanguage(const QString& language);
 
     /// Connects an output to the place @p number (1 to 5); null disconnects what is there.

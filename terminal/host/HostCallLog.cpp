@@ -69,7 +69,8 @@ QString nameOf(const QObject* object)
                                           : object->objectName();
 }
 
-/// The class of an object that a plug-in offers through an interface, and its uid, which the plug-in supplies.
+/// The class of an object that a plug-in offers through an interface, and its uid, which the plug-in
+/// supplies.
 template <typename Interface, typename Uid>
 QString offeredText(const Interface* offered, const char* interfaceName, Uid&& uid)
 {

@@ -24,17 +24,18 @@ class MesswertData;
 namespace Terminal
 {
 
-/// Every call that plug-ins and the library make into the host, as text, so that an author sees what the plug-in
-/// asked for and a script can expect it.
+/// Every call that plug-ins and the library make into the host, as text, so that an author sees what the
+/// plug-in asked for and a script can expect it.
 ///
-/// A call is written as `IActionbar::SetEntry(0, 0)`: interface, operation, arguments. Texts are quoted, and cut after
-/// MaximumTextLength characters. An object is its object name or its class, or `null`; an action, step function, print
-/// item or trigger is its class with its uid, `ActionBase("weighing.tare")`. A measured value is
-/// `MesswertData("36.4 g")`, or `MesswertData("Overload")` when it bears an error. A list is `[1, 2]`.
+/// A call is written as `IActionbar::SetEntry(0, 0)`: interface, operation, arguments. Texts are quoted, and
+/// cut after MaximumTextLength characters. An object is its object name or its class, or `null`; an action,
+/// step function, print item or trigger is its class with its uid, `ActionBase("weighing.tare")`. A measured
+/// value is `MesswertData("36.4 g")`, or `MesswertData("Overload")` when it bears an error. A list stands in
+/// brackets.
 ///
-/// The log is bounded. The newest calls that only ask for something and the newest that bring something about are
-/// kept, `capacity` of each, so that a display that reads the weight a hundred times a second does not push out what
-/// was done.
+/// The log is bounded. The newest calls that only ask for something and the newest that bring something about
+/// are kept, `capacity` of each, so that a display that reads the weight a hundred times a second does not
+/// push out what was done.
 class HostCallLog
 {
 public:

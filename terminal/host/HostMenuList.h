@@ -12,15 +12,16 @@ namespace Terminal
 class StatusInfo;
 class StoredParameters;
 
-/// The terminal's own menu, which every plug-in gets at its initialisation: the four weighing parameters that the user
-/// has stored (profile "system"), as the items 0 to 3. They are texts without a unit or a range.
+/// The terminal's own menu, which every plug-in gets at its initialisation: the four weighing parameters that
+/// the user has stored (profile "system"), as the items 0 to 3. They are texts without a unit or a range.
 class HostMenuList : public MenuListBase
 {
     Q_OBJECT
     Q_DISABLE_COPY(HostMenuList)
 
 public:
-    /// The path under which the weighing parameters are stored. There is no such file: see System::HasMenuFile().
+    /// The path under which the weighing parameters are stored. There is no such file: see
+    /// System::HasMenuFile().
     static QString menuFilePath();
 
     HostMenuList(StoredParameters& parameters, const StatusInfo& statusInfo, QObject* parent = nullptr);

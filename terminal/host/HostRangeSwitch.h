@@ -16,8 +16,8 @@ class Scale;
 
 /// The weighing ranges of the scale: 0 is the fine one, 1 the coarse one of a scale that has two.
 ///
-/// The scale itself chooses its range by the load. Selection and fixed range are kept and can be read back; the sources
-/// of this terminal have no command that holds them in a range.
+/// The scale itself chooses its range by the load. Selection and fixed range are kept and can be read back;
+/// the sources of this terminal have no command that holds them in a range.
 class HostRangeSwitch : public IRangeSwitch
 {
 public:

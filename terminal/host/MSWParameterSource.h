@@ -16,8 +16,8 @@ class StatusInfo;
 class StoredParameters;
 
 /// The MSW parameter set: the stored parameters of the profile "msw" (menu file and owner as for the weighing
-/// parameters), "normal" where none is stored. The four queries answer that every pressed print button is reported,
-/// unless they are set otherwise.
+/// parameters), "normal" where none is stored. The four queries answer that every pressed print button is
+/// reported, unless they are set otherwise.
 class MSWParameterSource : public IMSWParameterSource
 {
 public:

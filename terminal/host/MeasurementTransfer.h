@@ -22,9 +22,9 @@ class Notices;
 
 /// Hands measurements to the outputs and keeps a record of them.
 ///
-/// A measurement goes to every active output while the transfer is switched on, and into records() in any case, with
-/// whether an output took it. The transfer flag of the plug-in is kept; the outputs of this terminal write the same
-/// with and without it.
+/// A measurement goes to every active output while the transfer is switched on, and into records() in any
+/// case, with whether an output took it. The transfer flag of the plug-in is kept; the outputs of this
+/// terminal write the same with and without it.
 class MeasurementTransfer : public QObject, public IMeasurementTransfer
 {
     Q_OBJECT

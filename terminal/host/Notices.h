@@ -19,8 +19,8 @@ enum class NoticeSeverity
     Error    ///< Something has failed.
 };
 
-/// What the terminal has to tell the person in front of it. The services post, whoever shows notices listens to
-/// posted().
+/// What the terminal has to tell the person in front of it. The services post, whoever shows notices listens
+/// to posted().
 class Notices : public QObject
 {
     Q_OBJECT
@@ -32,8 +32,8 @@ public:
     /// Posts a notice; an empty text is ignored.
     void post(NoticeSeverity severity, const QString& text);
 
-    /// Posts as an error what the active plug-in did wrong while it was at work. The same text is posted once until
-    /// forgetPluginFaults(), since a plug-in that fails at every reading would bury everything else.
+    /// Posts as an error what the active plug-in did wrong while it was at work. The same text is posted once
+    /// until forgetPluginFaults(), since a plug-in that fails at every reading would bury everything else.
     void postPluginFault(const QString& text);
 
     /// Another plug-in begins: its faults are posted anew.

@@ -14,8 +14,8 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// Objects that plug-ins offer through an interface, in the order in which they came. They are not owned. One that is a
-/// QObject leaves the list when it is destroyed, whether it was withdrawn or not.
+/// Objects that plug-ins offer through an interface, in the order in which they came. They are not owned. One
+/// that is a QObject leaves the list when it is destroyed, whether it was withdrawn or not.
 template <typename Interface>
 class OfferedList
 {

@@ -12,11 +12,12 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// The exception that is being handled, in words: its type and what it says. Only to be called in a catch block.
+/// The exception that is being handled, in words: its type and what it says. Only to be called in a catch
+/// block.
 QString currentExceptionText();
 
-/// Runs code of a plug-in and lets no exception out. Returns nothing when the code came back, otherwise the exception
-/// in words.
+/// Runs code of a plug-in and lets no exception out. Returns nothing when the code came back, otherwise the
+/// exception in words.
 template <typename Code>
 std::optional<QString> exceptionOf(Code&& code)
 {

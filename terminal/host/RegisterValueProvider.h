@@ -17,9 +17,10 @@ class Scale;
 
 /// Registers as measured values.
 ///
-/// The only unit is the gram. A reading without a weight bears no text and no number (`value` is NaN), isValid false
-/// and what is wrong as errorText: "Overload", "Underload", "Unreadable" or "No connection". So do an unknown register
-/// and an unknown unit, with errorText naming them. Tare (73) and upper limit (90) are known without a reading too.
+/// The only unit is the gram. A reading without a weight bears no text and no number (`value` is NaN),
+/// isValid false and what is wrong as errorText: "Overload", "Underload", "Unreadable" or "No connection". So
+/// do an unknown register and an unknown unit, with errorText naming them. Tare (73) and upper limit (90) are
+/// known without a reading too.
 class RegisterValueProvider : public IRegisterValueProvider
 {
     Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::RegisterValueProvider)

@@ -12,15 +12,15 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// Where the screens of plug-ins are shown: the window, or nothing at all in a run without one. Implemented by
-/// whoever has the window.
+/// Where the screens of plug-ins are shown: the window, or nothing at all in a run without one. Implemented
+/// by whoever has the window.
 class ScreenHost
 {
 public:
     virtual ~ScreenHost() = default;
 
-    /// Publishes @p object to the screens under @p name, in place of what stood there; null withdraws it. The object
-    /// stays the plug-in's.
+    /// Publishes @p object to the screens under @p name, in place of what stood there; null withdraws it. The
+    /// object stays the plug-in's.
     virtual void setContextObject(const QString& name, QObject* object) = 0;
 
     /// Loads and shows a screen file. Its outcome is told to ViewHost::onScreenLoaded(), now or later.

@@ -16,9 +16,9 @@ namespace Terminal
 
 /// The stored parameters: texts under owner, profile, menu file and index.
 ///
-/// They are kept in an INI file (UTF-8) with the key `<owner>/<profile>/<menu file>/<index>`, the owner being the
-/// section, or in memory when there is no file name. A value is written to the file when it is set. A file that cannot
-/// be read is never written, so that nothing in it is lost; see error().
+/// They are kept in an INI file (UTF-8) with the key `<owner>/<profile>/<menu file>/<index>`, the owner being
+/// the section, or in memory when there is no file name. A value is written to the file when it is set. A
+/// file that cannot be read is never written, so that nothing in it is lost; see error().
 class StoredParameters
 {
 public:
@@ -34,8 +34,8 @@ public:
     QString value(const QString& menuFile, const QString& owner, const QString& profile,
                   const QString& defaultValue, int index) const;
 
-    /// Stores a value. Returns false, with the reason in @p error, when the file cannot be written; the value then holds
-    /// for this run only.
+    /// Stores a value. Returns false, with the reason in @p error, when the file cannot be written; the value
+    /// then holds for this run only.
     bool setValue(const QString& menuFile, const QString& owner, const QString& profile, int index,
                   const QString& value, QString* error = nullptr);
 

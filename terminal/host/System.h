@@ -47,8 +47,8 @@ struct SystemServices
 
 /// The host's services, as plug-ins get them.
 ///
-/// The menu store holds no menu files yet: HasMenuFile() is false for every path, and asking for items gives false
-/// and a notice.
+/// The menu store holds no menu files yet: HasMenuFile() is false for every path, and asking for items gives
+/// false and a notice.
 class System : public QObject, public ISystem
 {
     Q_OBJECT

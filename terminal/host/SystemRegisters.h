@@ -14,8 +14,9 @@ namespace Terminal
 class HostCallLog;
 class Scale;
 
-/// The numbered registers of the scale, in digits of the gram reading. Without a valid reading (overload, underload,
-/// unreadable, no connection) gross and net are not a number (NaN): there is no weight, neither 0 nor the last one.
+/// The numbered registers of the scale, in digits of the gram reading. Without a valid reading (overload,
+/// underload, unreadable, no connection) gross and net are not a number (NaN): there is no weight, neither 0
+/// nor the last one.
 class SystemRegisters : public ISystemRegister
 {
 public:

@@ -3,8 +3,6 @@
 
 #include "host/TransferRecord.h"
 
-#include <QCoreApplication>
-
 #include <cstdio>
 
 namespace Brimvale
@@ -14,11 +12,6 @@ namespace Terminal
 
 namespace
 {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Brimvale::Terminal::TransferLog", text);
-}
 
 QString field(QString text)
 {

@@ -4,6 +4,7 @@
 
 #include "host/TransferTarget.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QString>
 #include <QStringList>
@@ -13,19 +14,22 @@ namespace Brimvale
 namespace Terminal
 {
 
-/// The output that writes every measurement as a line of comma-separated values to a file or to standard output:
+/// The output that writes every measurement as a line of comma-separated values to a file or to standard
+/// output:
 ///
 ///     time,value,unit,state,kind,gross,tare,error
 ///     2026-01-01T08:00:05.200Z,36.4,g,stable,net,100.0,63.6,
 ///
-/// `state` is "stable" or "unstable", `kind` is "net" or "gross". A reading without a weight has an empty value and its
-/// error. A text with a comma, quote or line break is quoted, quotes in it doubled. A new or empty file begins with the
-/// line of names; an existing one is continued. Every line is written out at once.
+/// `state` is "stable" or "unstable", `kind` is "net" or "gross". A reading without a weight has an empty
+/// value and its error. A text with a comma, quote or line break is quoted, quotes in it doubled. A new or
+/// empty file begins with the line of names; an existing one is continued. Every line is written out at once.
 class TransferLog : public TransferOutput
 {
+    Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::TransferLog)
+
 public:
-    /// @param file name of the file; "-" is standard output. With one that cannot be opened the output is inactive, and
-    ///             error() tells why.
+    /// @param file name of the file; "-" is standard output. With one that cannot be opened the output is
+    ///             inactive, and error() tells why.
     explicit TransferLog(const QString& file);
     ~TransferLog() override;
     Q_DISABLE_COPY(TransferLog)

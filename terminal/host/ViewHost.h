@@ -20,8 +20,8 @@ class HostCallLog;
 class Notices;
 class ScreenHost;
 
-/// The screen as plug-ins see it. What they publish and load goes to the ScreenHost and is taken back when the
-/// plug-in closes.
+/// The screen as plug-ins see it. What they publish and load goes to the ScreenHost and is taken back when
+/// the plug-in closes.
 class ViewHost : public QObject, public IView, public IScreenLoader
 {
     Q_OBJECT
@@ -35,12 +35,12 @@ public:
     IScreenLoader* GetScreenLoader() override;
 
     // IScreenLoader
-    /// Shows the screen file at @p path, see screenUrl(). A file that does not exist is reported; the plug-in runs on
-    /// without a screen.
+    /// Shows the screen file at @p path, see screenUrl(). A file that does not exist is reported; the plug-in
+    /// runs on without a screen.
     void LoadScreen(QString path) override;
 
-    /// The URL of a screen file: a resource (":/a.qml", "qrc:/a.qml"), a file URL, or a path of a file. A relative path
-    /// begins at @p folder.
+    /// The URL of a screen file: a resource (":/a.qml", "qrc:/a.qml"), a file URL, or a path of a file. A
+    /// relative path begins at @p folder.
     static QUrl screenUrl(const QString& path, const QString& folder);
 
     /// Where relative paths of screen files begin: the folder of the active plug-in.
@@ -56,8 +56,8 @@ public:
     void clear();
 
 public slots:
-    /// The outcome of ScreenHost::showScreen(): on failure @p errors is reported, one line per error with file and
-    /// line.
+    /// The outcome of ScreenHost::showScreen(): on failure @p errors is reported, one line per error with
+    /// file and line.
     void onScreenLoaded(bool ok, const QString& errors);
 
 signals:

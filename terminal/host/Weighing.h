@@ -18,8 +18,8 @@ class Notices;
 /// The scale as plug-ins see it.
 ///
 /// NotifyNewMeasurementValue() comes for every reading of the source, those without a weight included (ask
-/// `IRegisterValueProvider::GetMesswert()` what it is), and once more when zero, tare or clearing the tare changes the
-/// weight between two readings. A refused operation is reported with its reason.
+/// `IRegisterValueProvider::GetMesswert()` what it is), and once more when zero, tare or clearing the tare
+/// changes the weight between two readings. A refused operation is reported with its reason.
 class Weighing : public QObject, public IWeighing
 {
     Q_OBJECT
@@ -40,7 +40,8 @@ public:
     bool clearTare();
 
 signals:
-    /// A stable value has been reached. @p stableCounter counts them, @p netDigits is in digits of the gram reading.
+    /// A stable value has been reached. @p stableCounter counts them, @p netDigits is in digits of the gram
+    /// reading.
     void NotifyLoadChanged(int stableCounter, double netDigits);
     /// A value is ready in register 74.
     void NotifyNewMeasurementValue();

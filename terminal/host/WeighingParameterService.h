@@ -16,8 +16,8 @@ namespace Terminal
 
 class HostCallLog;
 
-/// The weighing parameters in force. The sources of this terminal have no filters that they could set; the values are
-/// kept and can be read back.
+/// The weighing parameters in force. The sources of this terminal have no filters that they could set; the
+/// values are kept and can be read back.
 class WeighingParameterService : public IWeighingParameterService
 {
 public:

@@ -16,8 +16,8 @@ namespace Terminal
 class HostCallLog;
 class Notices;
 
-/// The workflow manager. It keeps the step functions that are offered and passes on whether the print button is
-/// enabled. This terminal runs no workflows yet: StartWorkflow() returns false and a notice says so.
+/// The workflow manager. It keeps the step functions that are offered and passes on whether the print button
+/// is enabled. This terminal runs no workflows yet: StartWorkflow() returns false and a notice says so.
 class WorkflowManager : public QObject, public IWfM
 {
     Q_OBJECT

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "loading/ElfFile.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QtEndian>
 
@@ -17,11 +16,6 @@ namespace Terminal
 
 namespace
 {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Brimvale::Terminal::ElfFile", text);
-}
 
 QString machineName(int machine)
 {
@@ -47,7 +41,7 @@ QString machineName(int machine)
     case EM_SPARCV9:
         return QStringLiteral("SPARC");
     default:
-        return tr("an unknown processor (number %1)").arg(machine);
+        return ElfFile::tr("an unknown processor (number %1)").arg(machine);
     }
 }
 
@@ -70,7 +64,7 @@ quint64 swapped(Number value)
 
 QString ElfFile::Target::text() const
 {
-    return tr("%1 (%2 bit, %3)")
+    return ElfFile::tr("%1 (%2 bit, %3)")
         .arg(machineName(machine))
         .arg(bits)
         .arg(littleEndian ? QStringLiteral("little-endian") : QStringLiteral("big-endian"));
@@ -95,15 +89,15 @@ QString ElfFile::kindText() const
 {
     switch (m_kind) {
     case ET_REL:
-        return tr("an object file");
+        return ElfFile::tr("an object file");
     case ET_EXEC:
-        return tr("an executable");
+        return ElfFile::tr("an executable");
     case ET_DYN:
-        return tr("a shared library");
+        return ElfFile::tr("a shared library");
     case ET_CORE:
-        return tr("a core dump");
+        return ElfFile::tr("a core dump");
     default:
-        return tr("kind %1").arg(m_kind);
+        return ElfFile::tr("kind %1").arg(m_kind);
     }
 }
 
@@ -123,13 +117,13 @@ void ElfFile::read(QFile& file)
     } else if (!identification.startsWith(QByteArray(ELFMAG, SELFMAG))) {
         fail(Problem::NotElf);
     } else if (identification.size() < EI_NIDENT) {
-        fail(Problem::Truncated, tr("its header is incomplete"));
+        fail(Problem::Truncated, ElfFile::tr("its header is incomplete"));
     } else {
         const int elfClass = static_cast<unsigned char>(identification.at(EI_CLASS));
         const int data = static_cast<unsigned char>(identification.at(EI_DATA));
         if ((elfClass != ELFCLASS32 && elfClass != ELFCLASS64)
             || (data != ELFDATA2LSB && data != ELFDATA2MSB)) {
-            fail(Problem::Damaged, tr("its header names no known format"));
+            fail(Problem::Damaged, ElfFile::tr("its header names no known format"));
             return;
         }
         m_target.bits = elfClass == ELFCLASS32 ? 32 : 64;
@@ -156,7 +150,7 @@ void ElfFile::readHeader(QFile& file)
     file.seek(0);
     const QByteArray bytes = file.read(sizeof(Header));
     if (bytes.size() < static_cast<int>(sizeof(Header))) {
-        fail(Problem::Truncated, tr("its header is incomplete"));
+        fail(Problem::Truncated, ElfFile::tr("its header is incomplete"));
         return;
     }
     Header header;
@@ -168,7 +162,7 @@ void ElfFile::readHeader(QFile& file)
     const quint64 entrySize = number(header.e_phentsize);
     const quint64 offset = number(header.e_phoff);
     if (count > 0 && entrySize < sizeof(ProgramHeader)) {
-        fail(Problem::Damaged, tr("its program headers have %1 bytes each").arg(entrySize));
+        fail(Problem::Damaged, ElfFile::tr("its program headers have %1 bytes each").arg(entrySize));
         return;
     }
     // One past the farthest byte that any header promises.
@@ -185,7 +179,7 @@ void ElfFile::readHeader(QFile& file)
         file.seek(static_cast<qint64>(offset + i * entrySize));
         const QByteArray entry = file.read(sizeof(ProgramHeader));
         if (entry.size() < static_cast<int>(sizeof(ProgramHeader))) {
-            fail(Problem::Truncated, tr("its program headers are incomplete"));
+            fail(Problem::Truncated, ElfFile::tr("its program headers are incomplete"));
             return;
         }
         ProgramHeader program;
@@ -193,7 +187,8 @@ void ElfFile::readHeader(QFile& file)
         need(number(program.p_offset), number(program.p_filesz));
     }
     if (needed > size) {
-        fail(Problem::Truncated, tr("it has %1 bytes, its headers speak of %2").arg(size).arg(needed));
+        fail(Problem::Truncated,
+             ElfFile::tr("it has %1 bytes, its headers speak of %2").arg(size).arg(needed));
     }
 }
 

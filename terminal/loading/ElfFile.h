@@ -2,6 +2,7 @@
 #ifndef BRIMVALE_ELFFILE_H
 #define BRIMVALE_ELFFILE_H
 
+#include <QCoreApplication>
 #include <QString>
 #include <QtGlobal>
 
@@ -14,10 +15,12 @@ namespace Terminal
 
 /// What the header of an ELF file says, read without running or mapping any of it.
 ///
-/// The dynamic loader maps what the header promises; where a cut-off file does not have it, the first access ends the
-/// process. So the length is checked here.
+/// The dynamic loader maps what the header promises; where a cut-off file does not have it, the first access
+/// ends the process. So the length is checked here.
 class ElfFile
 {
+    Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::ElfFile)
+
 public:
     enum class Problem
     {

@@ -28,13 +28,14 @@ const char pluginInterfaceIdentifier[] = "Brimvale.Plugin.IPlugin";
 namespace
 {
 
-QString tr(const char* text)
+/// What the texts of this file are translated as.
+struct PluginLoader
 {
-    return QCoreApplication::translate("Brimvale::Terminal::PluginLoader", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::PluginLoader)
+};
 
-/// The dynamic loader tells its errors in the language of the process. They are read here, so they must be in the one
-/// language that can be relied upon.
+/// The dynamic loader tells its errors in the language of the process. They are read here, so they must be in
+/// the one language that can be relied upon.
 class PlainLocale
 {
 public:
@@ -116,17 +117,21 @@ bool Attempt::checkFile()
 {
     const QFileInfo info(m_result.file);
     if (!info.exists()) {
-        return fail(LoadStage::File, tr("there is no such file"), tr("Check the path."));
+        return fail(LoadStage::File, PluginLoader::tr("there is no such file"),
+                    PluginLoader::tr("Check the path."));
     }
     if (info.isDir()) {
-        return fail(LoadStage::File, tr("this is a folder"),
-                    tr("Name a plug-in file, or load all plug-ins of the folder with --plugin-dir."));
+        return fail(
+            LoadStage::File, PluginLoader::tr("this is a folder"),
+            PluginLoader::tr("Name a plug-in file, or load all plug-ins of the folder with --plugin-dir."));
     }
     if (!info.isFile()) {
-        return fail(LoadStage::File, tr("this is no regular file"), tr("Name a plug-in file."));
+        return fail(LoadStage::File, PluginLoader::tr("this is no regular file"),
+                    PluginLoader::tr("Name a plug-in file."));
     }
     if (!info.isReadable()) {
-        return fail(LoadStage::File, tr("it cannot be read"), tr("Check its permissions."));
+        return fail(LoadStage::File, PluginLoader::tr("it cannot be read"),
+                    PluginLoader::tr("Check its permissions."));
     }
     m_path = info.canonicalFilePath();
     return true;
@@ -139,33 +144,37 @@ bool Attempt::checkFormat()
     case ElfFile::Problem::None:
         break;
     case ElfFile::Problem::Unreadable:
-        return fail(LoadStage::File, tr("it cannot be read: %1").arg(file.detail()),
-                    tr("Check its permissions and the medium."));
+        return fail(LoadStage::File, PluginLoader::tr("it cannot be read: %1").arg(file.detail()),
+                    PluginLoader::tr("Check its permissions and the medium."));
     case ElfFile::Problem::Empty:
-        return fail(LoadStage::Format, tr("the file is empty"), tr("Build or copy it again."));
+        return fail(LoadStage::Format, PluginLoader::tr("the file is empty"),
+                    PluginLoader::tr("Build or copy it again."));
     case ElfFile::Problem::NotElf:
-        return fail(LoadStage::Format, tr("it is no shared library: it does not begin as an ELF file does"),
-                    tr("Name the file that the build of the plug-in makes (.so)."));
+        return fail(LoadStage::Format,
+                    PluginLoader::tr("it is no shared library: it does not begin as an ELF file does"),
+                    PluginLoader::tr("Name the file that the build of the plug-in makes (.so)."));
     case ElfFile::Problem::Truncated:
-        return fail(LoadStage::Format, tr("the file is cut off: %1").arg(file.detail()),
-                    tr("Build or copy it again."));
+        return fail(LoadStage::Format, PluginLoader::tr("the file is cut off: %1").arg(file.detail()),
+                    PluginLoader::tr("Build or copy it again."));
     case ElfFile::Problem::Damaged:
-        return fail(LoadStage::Format, tr("the file is damaged: %1").arg(file.detail()),
-                    tr("Build or copy it again."));
+        return fail(LoadStage::Format, PluginLoader::tr("the file is damaged: %1").arg(file.detail()),
+                    PluginLoader::tr("Build or copy it again."));
     }
 
     const ElfFile::Target target = file.target();
     const ElfFile::Target own = ElfFile::ownTarget();
     if (own.bits != 0
         && target != own) { // a system that does not tell leaves the check to the dynamic loader
-        return fail(LoadStage::Processor,
-                    tr("it was built for %1, this terminal runs on %2").arg(target.text(), own.text()),
-                    tr("Build the plug-in for %1.").arg(own.text()));
+        return fail(
+            LoadStage::Processor,
+            PluginLoader::tr("it was built for %1, this terminal runs on %2").arg(target.text(), own.text()),
+            PluginLoader::tr("Build the plug-in for %1.").arg(own.text()));
     }
     if (!file.isSharedLibrary()) {
         return fail(LoadStage::Format,
-                    tr("it is no shared library but an ELF file of another kind (%1)").arg(file.kindText()),
-                    tr("Build the plug-in as a module library; brimvale_add_plugin() does."));
+                    PluginLoader::tr("it is no shared library but an ELF file of another kind (%1)")
+                        .arg(file.kindText()),
+                    PluginLoader::tr("Build the plug-in as a module library; brimvale_add_plugin() does."));
     }
     return true;
 }
@@ -176,28 +185,31 @@ bool Attempt::checkMetadata(const QPluginLoader& loader)
     const QString identifier = metadata.value(QLatin1String("IID")).toString();
     if (identifier.isEmpty()) {
         return fail(
-            LoadStage::Metadata, tr("it carries no metadata of a Qt plug-in"),
-            tr("Put Q_PLUGIN_METADATA(IID \"%1\" FILE \"….json\") into the class of the plug-in and let moc "
-               "process its header.")
+            LoadStage::Metadata, PluginLoader::tr("it carries no metadata of a Qt plug-in"),
+            PluginLoader::tr(
+                "Put Q_PLUGIN_METADATA(IID \"%1\" FILE \"….json\") into the class of the plug-in and let moc "
+                "process its header.")
                 .arg(QLatin1String(pluginInterfaceIdentifier)));
     }
     if (identifier != QLatin1String(pluginInterfaceIdentifier)) {
         return fail(
             LoadStage::Identifier,
-            tr("it is a plug-in of another kind: its identifier is \"%1\", this terminal loads \"%2\"")
+            PluginLoader::tr(
+                "it is a plug-in of another kind: its identifier is \"%1\", this terminal loads \"%2\"")
                 .arg(identifier, QLatin1String(pluginInterfaceIdentifier)),
-            tr("Correct the IID of Q_PLUGIN_METADATA, or take the file out of the folder."));
+            PluginLoader::tr("Correct the IID of Q_PLUGIN_METADATA, or take the file out of the folder."));
     }
     const int version = metadata.value(QLatin1String("version")).toInt();
     const bool otherMajor = (version >> 16 & 0xff) != QT_VERSION_MAJOR;
     const QStringList running = QString::fromLatin1(qVersion()).split(QLatin1Char('.'));
     const int minor = running.value(1).toInt();
     if (otherMajor || (version >> 8 & 0xff) > minor) {
-        return fail(
-            LoadStage::QtVersion,
-            tr("it was built with Qt %1, this terminal runs on Qt %2")
-                .arg(versionText(version), QString::fromLatin1(qVersion())),
-            tr("Build the plug-in with Qt %1.%2 or an older Qt %1.").arg(QT_VERSION_MAJOR).arg(minor));
+        return fail(LoadStage::QtVersion,
+                    PluginLoader::tr("it was built with Qt %1, this terminal runs on Qt %2")
+                        .arg(versionText(version), QString::fromLatin1(qVersion())),
+                    PluginLoader::tr("Build the plug-in with Qt %1.%2 or an older Qt %1.")
+                        .arg(QT_VERSION_MAJOR)
+                        .arg(minor));
     }
     return true;
 }
@@ -211,8 +223,9 @@ bool Attempt::loadLibrary(QPluginLoader& loader)
         exception = exceptionOf([&] { loaded = loader.load(); });
     }
     if (exception) {
-        return fail(LoadStage::Library, tr("its code threw while it was loaded: %1").arg(*exception),
-                    tr("Let no exception out of the initialisation of static objects."));
+        return fail(LoadStage::Library,
+                    PluginLoader::tr("its code threw while it was loaded: %1").arg(*exception),
+                    PluginLoader::tr("Let no exception out of the initialisation of static objects."));
     }
     if (loaded) {
         return true;
@@ -230,8 +243,10 @@ bool Attempt::loadLibrary(QPluginLoader& loader)
     if (match.hasMatch()) {
         const QString library = match.captured(1);
         return fail(LoadStage::Library,
-                    tr("it needs the library %1, which is not there (%2)").arg(library, match.captured(2)),
-                    tr("Install %1, or name its folder in LD_LIBRARY_PATH or in the RPATH of the plug-in.")
+                    PluginLoader::tr("it needs the library %1, which is not there (%2)")
+                        .arg(library, match.captured(2)),
+                    PluginLoader::tr(
+                        "Install %1, or name its folder in LD_LIBRARY_PATH or in the RPATH of the plug-in.")
                         .arg(library));
     }
     match = missingVersion.match(error);
@@ -239,25 +254,27 @@ bool Attempt::loadLibrary(QPluginLoader& loader)
         const QString library = QFileInfo(match.captured(1)).fileName();
         return fail(
             LoadStage::Library,
-            tr("it needs version %1 of %2, and the one on this machine does not have it")
+            PluginLoader::tr("it needs version %1 of %2, and the one on this machine does not have it")
                 .arg(match.captured(2), library),
-            tr("Build the plug-in with the versions of the libraries that this machine has; its Qt is %1.")
+            PluginLoader::tr(
+                "Build the plug-in with the versions of the libraries that this machine has; its Qt is %1.")
                 .arg(QString::fromLatin1(qVersion())));
     }
     match = missingSymbol.match(error);
     if (match.hasMatch()) {
         QString symbol = demangled(match.captured(1));
         if (!match.captured(2).isEmpty()) {
-            symbol += tr(" (version %1)").arg(match.captured(2));
+            symbol += PluginLoader::tr(" (version %1)").arg(match.captured(2));
         }
         return fail(
-            LoadStage::Library, tr("the symbol %1 is not defined anywhere").arg(symbol),
-            tr("Define it in the plug-in or link the library that does, and link with -Wl,--no-undefined: "
-               "the "
-               "linker then finds the error. If the symbol belongs to Brimvale, the plug-in was built with "
-               "another version of the SDK than this terminal's."));
+            LoadStage::Library, PluginLoader::tr("the symbol %1 is not defined anywhere").arg(symbol),
+            PluginLoader::tr(
+                "Define it in the plug-in or link the library that does, and link with -Wl,--no-undefined: "
+                "the "
+                "linker then finds the error. If the symbol belongs to Brimvale, the plug-in was built with "
+                "another version of the SDK than this terminal's."));
     }
-    return fail(LoadStage::Library, error, tr("See the text of the dynamic loader."));
+    return fail(LoadStage::Library, error, PluginLoader::tr("See the text of the dynamic loader."));
 }
 
 bool Attempt::makeInstance(QPluginLoader& loader)
@@ -265,22 +282,24 @@ bool Attempt::makeInstance(QPluginLoader& loader)
     QObject* object = nullptr;
     if (const auto exception = exceptionOf([&] { object = loader.instance(); })) {
         return fail(
-            LoadStage::Instance, tr("the constructor of the plug-in threw %1").arg(*exception),
-            tr("Let no exception out of the constructor; what can fail belongs into PreInitPlugin(), which "
-               "may return false."));
+            LoadStage::Instance, PluginLoader::tr("the constructor of the plug-in threw %1").arg(*exception),
+            PluginLoader::tr(
+                "Let no exception out of the constructor; what can fail belongs into PreInitPlugin(), which "
+                "may return false."));
     }
     if (object == nullptr) {
         return fail(
-            LoadStage::Instance, tr("no object was made: %1").arg(loader.errorString()),
-            tr("Put Q_PLUGIN_METADATA into exactly one class, which can be constructed without arguments."));
+            LoadStage::Instance, PluginLoader::tr("no object was made: %1").arg(loader.errorString()),
+            PluginLoader::tr(
+                "Put Q_PLUGIN_METADATA into exactly one class, which can be constructed without arguments."));
     }
     m_result.object = object;
     m_result.plugin = qobject_cast<IPlugin*>(object);
     if (m_result.plugin == nullptr) {
         return fail(LoadStage::Interface,
-                    tr("its class %1 has not the interface IPlugin")
+                    PluginLoader::tr("its class %1 has not the interface IPlugin")
                         .arg(QString::fromLatin1(object->metaObject()->className())),
-                    tr("Derive the class from Brimvale::PluginBase, with Q_OBJECT."));
+                    PluginLoader::tr("Derive the class from Brimvale::PluginBase, with Q_OBJECT."));
     }
     return true;
 }
@@ -291,38 +310,39 @@ QString loadStageName(LoadStage stage)
 {
     switch (stage) {
     case LoadStage::Folder:
-        return tr("folder");
+        return PluginLoader::tr("folder");
     case LoadStage::File:
-        return tr("file");
+        return PluginLoader::tr("file");
     case LoadStage::Format:
-        return tr("format");
+        return PluginLoader::tr("format");
     case LoadStage::Processor:
-        return tr("processor");
+        return PluginLoader::tr("processor");
     case LoadStage::Metadata:
-        return tr("metadata");
+        return PluginLoader::tr("metadata");
     case LoadStage::Identifier:
-        return tr("identifier");
+        return PluginLoader::tr("identifier");
     case LoadStage::QtVersion:
-        return tr("Qt version");
+        return PluginLoader::tr("Qt version");
     case LoadStage::Library:
-        return tr("library");
+        return PluginLoader::tr("library");
     case LoadStage::Instance:
-        return tr("instance");
+        return PluginLoader::tr("instance");
     case LoadStage::Interface:
-        return tr("interface");
+        return PluginLoader::tr("interface");
     case LoadStage::Initialise:
-        return tr("initialisation");
+        return PluginLoader::tr("initialisation");
     case LoadStage::Loaded:
         break;
     }
-    return tr("loaded");
+    return PluginLoader::tr("loaded");
 }
 
 QString loadFailureMessage(const QString& file, LoadStage stage, const QString& cause, const QString& mend)
 {
     return stage == LoadStage::Folder
-               ? tr("No plug-ins were loaded from %1: %2. %3").arg(file, cause, mend)
-               : tr("Plug-in %1 was not loaded (%2): %3. %4").arg(file, loadStageName(stage), cause, mend);
+               ? PluginLoader::tr("No plug-ins were loaded from %1: %2. %3").arg(file, cause, mend)
+               : PluginLoader::tr("Plug-in %1 was not loaded (%2): %3. %4")
+                     .arg(file, loadStageName(stage), cause, mend);
 }
 
 LoadResult loadPluginFile(const QString& file)
@@ -337,14 +357,14 @@ QStringList pluginFilesOf(const QString& folder, QString* error)
     QString mend;
     QStringList files;
     if (!info.exists()) {
-        cause = tr("there is no such folder");
-        mend = tr("Check the path.");
+        cause = PluginLoader::tr("there is no such folder");
+        mend = PluginLoader::tr("Check the path.");
     } else if (!info.isDir()) {
-        cause = tr("this is no folder");
-        mend = tr("Load a single file with --plugin.");
+        cause = PluginLoader::tr("this is no folder");
+        mend = PluginLoader::tr("Load a single file with --plugin.");
     } else if (!info.isReadable()) {
-        cause = tr("it cannot be read");
-        mend = tr("Check its permissions.");
+        cause = PluginLoader::tr("it cannot be read");
+        mend = PluginLoader::tr("Check its permissions.");
     } else {
         const QDir directory(folder);
         const QStringList names =
@@ -353,8 +373,8 @@ QStringList pluginFilesOf(const QString& folder, QString* error)
             files.append(directory.filePath(name));
         }
         if (files.isEmpty()) {
-            cause = tr("it has no plug-in (*.so)");
-            mend = tr("Name the folder into which the plug-ins are built.");
+            cause = PluginLoader::tr("it has no plug-in (*.so)");
+            mend = PluginLoader::tr("Name the folder into which the plug-ins are built.");
         }
     }
     if (error != nullptr) {

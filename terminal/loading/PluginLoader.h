@@ -55,16 +55,17 @@ extern const char pluginInterfaceIdentifier[];
 
 /// Loads a plug-in file up to its interface, without calling any of its operations.
 ///
-/// What can be told without running code of the file is told first: the file, its format and processor, its metadata,
-/// identifier and Qt version. Then it is loaded with all symbols resolved at once, so that a missing one is an error here
-/// and not at its first call, and never unloaded. An exception from the constructor of the plug-in's object is caught.
+/// What can be told without running code of the file is told first: the file, its format and processor, its
+/// metadata, identifier and Qt version. Then it is loaded with all symbols resolved at once, so that a
+/// missing one is an error here and not at its first call, and never unloaded. An exception from the
+/// constructor of the plug-in's object is caught.
 ///
-/// One thing cannot be survived: an exception that leaves a static initialiser, which ends the process by the rules of
-/// C++.
+/// One thing cannot be survived: an exception that leaves a static initialiser, which ends the process by the
+/// rules of C++.
 LoadResult loadPluginFile(const QString& file);
 
-/// The plug-ins (`*.so`) of a folder with their paths, by name. None is returned and @p error tells why when the folder
-/// does not exist, cannot be read or has no plug-in.
+/// The plug-ins (`*.so`) of a folder with their paths, by name. None is returned and @p error tells why when
+/// the folder does not exist, cannot be read or has no plug-in.
 QStringList pluginFilesOf(const QString& folder, QString* error);
 
 } // namespace Terminal

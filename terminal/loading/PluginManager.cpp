@@ -195,6 +195,11 @@ int PluginManager::indexOf(const QString& identifier) const
     return found;
 }
 
+bool PluginManager::isRunning() const
+{
+    return m_active >= 0 && at(m_active).state == PluginState::Running;
+}
+
 IPlugin* PluginManager::activePlugin() const
 {
     return m_active < 0 ? nullptr : at(m_active).plugin;
@@ -233,19 +238,20 @@ void PluginManager::deactivate()
 
 bool PluginManager::isSettled() const
 {
-    return m_active == m_wanted && (m_active < 0 || at(m_active).state == PluginState::Running);
+    return m_active == m_wanted && (m_active < 0 || isRunning());
 }
 
 bool PluginManager::waitUntilSettled(int timeoutMs)
 {
-    if (!isSettled()) {
-        QEventLoop loop;
-        QTimer timer;
-        timer.setSingleShot(true);
-        connect(this, &PluginManager::settled, &loop, &QEventLoop::quit);
-        connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
-        timer.start(timeoutMs);
-        loop.exec();
+    // Event by event and not with exec(), which refuses while the application quits.
+    QEventLoop loop;
+    QTimer timer;
+    bool expired = false;
+    timer.setSingleShot(true);
+    connect(&timer, &QTimer::timeout, &timer, [&expired] { expired = true; });
+    timer.start(timeoutMs);
+    while (!isSettled() && !expired) {
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
     return isSettled();
 }
@@ -266,7 +272,7 @@ void PluginManager::setLanguage(const QString& language)
             readTexts(*plugin);
         }
     }
-    if (m_active >= 0 && at(m_active).state == PluginState::Running) {
+    if (isRunning()) {
         Plugin& plugin = at(m_active);
         if (const auto exception = exceptionOf([&] { plugin.plugin->TranslateWarnInfo(); })) {
             report(plugin, QStringLiteral("TranslateWarnInfo"),
@@ -284,7 +290,7 @@ void PluginManager::proceed()
         if (m_wanted >= 0) {
             start();
         }
-    } else if (at(m_active).state == PluginState::Running && m_wanted != m_active) {
+    } else if (isRunning() && m_wanted != m_active) {
         close();
     }
     if (isSettled()) {
@@ -381,8 +387,8 @@ void PluginManager::onPluginClosed()
     }
     m_closeNotified = true;
     m_closeTimer.stop();
-    // Its last words, PostClosePlugin() and the end of the control mode, come after this call. They must not meet the
-    // next plug-in.
+    // Its last words, PostClosePlugin() and the end of the control mode, come after this call. They must not
+    // meet the next plug-in.
     QTimer::singleShot(0, this, &PluginManager::end);
 }
 

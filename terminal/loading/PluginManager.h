@@ -83,17 +83,19 @@ struct PluginFault
 
 /// Loads plug-ins and drives their lives: InitPlugin() once for each, then at most one active at a time.
 ///
-/// Switching. The active plug-in is closed first; when it has notified its close through the sequencer (50 ms of real
-/// time later, by a timer of its own), the next one is started from the event loop. So everything that starts or closes
-/// needs the event loop; isSettled() tells whether something is under way.
+/// Switching. The active plug-in is closed first; when it has notified its close through the sequencer (50 ms
+/// of real time later, by a timer of its own), the next one is started from the event loop. So everything
+/// that starts or closes needs the event loop; isSettled() tells whether something is under way.
 ///
-/// Start. The plug-in is active before StartPlugin() is called. After it returned true, PostStartAddons() follows.
+/// Start. The plug-in is active before StartPlugin() is called. After it returned true, PostStartAddons()
+/// follows.
 ///
-/// Faults. An exception or a false from an operation is reported by faultOccurred() with the names of plug-in and step.
-/// A plug-in that had started is closed then; after that it is Failed: what it published and offered is taken back, and
-/// none of its operations is called any more. The others go on. A plug-in that does not notify its close within
-/// CloseTimeoutMs has failed too; one that has failed in ClosePlugin() is given FaultyCloseTimeoutMs. All objects live
-/// until the manager is destroyed, so that late timers of a plug-in find theirs.
+/// Faults. An exception or a false from an operation is reported by faultOccurred() with the names of plug-in
+/// and step. A plug-in that had started is closed then; after that it is Failed: what it published and
+/// offered is taken back, and none of its operations is called any more. The others go on. A plug-in that
+/// does not notify its close within CloseTimeoutMs has failed too; one that has failed in ClosePlugin() is
+/// given FaultyCloseTimeoutMs. All objects live until the manager is destroyed, so that late timers of a
+/// plug-in find theirs.
 class PluginManager : public QObject, public IPluginManager
 {
     Q_OBJECT
@@ -105,57 +107,64 @@ public:
 
     explicit PluginManager(const PluginEnvironment& environment, QObject* parent = nullptr);
 
-    /// Closes what still runs, as closeAll() does, then destroys the plug-ins' objects, the last loaded first.
+    /// Closes what still runs, as closeAll() does, then destroys the plug-ins' objects, the last loaded
+    /// first.
     ~PluginManager() override;
 
     // IPluginManager
     /// The initialised plug-ins in the order of their loading, without those that failed.
     QList<IPlugin*> GetPlugins() override;
 
-    /// Loads a file and initialises the plug-in. A file that is loaded already and an identifier that another plug-in
-    /// bears are refused.
+    /// Loads a file and initialises the plug-in. A file that is loaded already and an identifier that another
+    /// plug-in bears are refused.
     LoadResult load(const QString& file);
 
-    /// Loads every plug-in of a folder by name. Of those that fail the others are not affected. A folder that cannot be
-    /// read or has no plug-in is one failed result.
+    /// Loads every plug-in of a folder by name. Of those that fail the others are not affected. A folder that
+    /// cannot be read or has no plug-in is one failed result.
     QVector<LoadResult> loadFolder(const QString& folder);
 
     /// Every plug-in of which an object was made, the failed ones included, in the order of loading.
     QVector<PluginInfo> plugins() const;
     int count() const { return static_cast<int>(m_plugins.size()); }
 
-    /// The index of the plug-in that bears the identifier, one that has not failed if there is one; -1 for none.
+    /// The index of the plug-in that bears the identifier, one that has not failed if there is one; -1 for
+    /// none.
     int indexOf(const QString& identifier) const;
 
     /// The index of the plug-in that is starting, running or closing; -1 for none.
     int activeIndex() const { return m_active; }
-    /// It, or null.
+    /// Whether the active plug-in is running: neither starting nor closing.
+    bool isRunning() const;
+    /// The active plug-in, or null.
     IPlugin* activePlugin() const;
     /// Its object, or null.
     QObject* activeObject() const;
     /// Its display name, or an empty text.
     QString activeName() const;
 
-    /// Makes the plug-in @p index the active one, at once or after the active one has closed. Returns false when there is
-    /// no such plug-in, or it has failed already or in this call.
+    /// Makes the plug-in @p index the active one, at once or after the active one has closed. Returns false
+    /// when there is no such plug-in, or it has failed already or in this call.
     bool activate(int index);
     bool activate(const QString& identifier);
 
-    /// Closes the active plug-in; none is active afterwards. What activate() asked for meanwhile is forgotten.
+    /// Closes the active plug-in; none is active afterwards. What activate() asked for meanwhile is
+    /// forgotten.
     void deactivate();
 
     /// Nothing is starting or closing and nothing waits to be started.
     bool isSettled() const;
 
-    /// Runs the event loop until isSettled(). Returns false when that took longer than @p timeoutMs of real time.
+    /// Runs the event loop until isSettled(). Returns false when that took longer than @p timeoutMs of real
+    /// time.
     bool waitUntilSettled(int timeoutMs = 2 * CloseTimeoutMs);
 
     /// Closes the active plug-in and waits until it has closed. Returns whether that was without a fault.
     bool closeAll();
 
-    /// Installs the translations of all plug-ins for @p language ("de"): the file that `PluginTranslator()` finds under
-    /// "<base name of the plug-in file>_<language>", for example ":/translations/weighing_de.qm" of weighing.so. A
-    /// A plug-in without it stays in its source language. Then the running plug-in translates its warnings again.
+    /// Installs the translations of all plug-ins for @p language ("de"): the file that `PluginTranslator()`
+    /// finds under "<base name of the plug-in file>_<language>", for example ":/translations/weighing_de.qm"
+    /// of weighing.so. A plug-in without it stays in its source language. Then the running plug-in
+    /// translates its warnings again.
     void setLanguage(const QString& language);
 
 signals:
@@ -167,7 +176,8 @@ signals:
     void aboutToStart();
     /// The active plug-in is running.
     void pluginStarted();
-    /// What the active plug-in published and offered must be taken back now: it begins to close or has failed.
+    /// What the active plug-in published and offered must be taken back now: it begins to close or has
+    /// failed.
     void released();
     void faultOccurred(const Brimvale::Terminal::PluginFault& fault);
     /// isSettled() has become true.

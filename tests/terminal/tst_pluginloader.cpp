@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTranslator>
 #include <QtTest>
 
 #include <elf.h>
@@ -56,6 +57,7 @@ private slots:
     void failure();
     void theMessageNamesFileStageCauseAndMend();
     void aForeignLanguageDoesNotHideTheCause();
+    void messagesAreTranslated();
 
     void cutOffFile_data();
     void cutOffFile();
@@ -240,6 +242,18 @@ void tst_PluginLoader::aForeignLanguageDoesNotHideTheCause()
     setlocale(LC_MESSAGES, before.constData());
     QVERIFY2(result.message.contains(QLatin1String("libbrimvale-not-installed.so.3")),
              qPrintable(result.message));
+}
+
+void tst_PluginLoader::messagesAreTranslated()
+{
+    Q_INIT_RESOURCE(terminal_core_translations);
+    QTranslator translator;
+    QVERIFY(translator.load(QStringLiteral(":/translations/terminal_de.qm")));
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    const QString message = loadPluginFile(QStringLiteral("/nowhere/plugin.so")).message;
+    QCOMPARE(message,
+             QStringLiteral("Das Plug-in /nowhere/plugin.so wurde nicht geladen (Datei): diese Datei gibt "
+                            "es nicht. Prüfen Sie den Pfad."));
 }
 
 void tst_PluginLoader::cutOffFile_data()
