@@ -62,12 +62,13 @@ bool play(Session& session, TimeDriver& driver, const Script& script)
         return ok;
     printLine();
     const int failures = runner.failedExpectationCount();
+    const QString result = failures > 0                    ? QStringLiteral("%1 NOT MET").arg(failures)
+                           : !ok                           ? QStringLiteral("NOT FINISHED")
+                           : runner.expectationCount() > 0 ? QStringLiteral("all met")
+                                                           : QStringLiteral("done");
     printLine(QStringLiteral("%1, %2: %3")
                   .arg(counted(runner.statementCount(), "statement", "statements"),
-                       counted(runner.expectationCount(), "expectation", "expectations"),
-                       failures > 0 ? QStringLiteral("%1 NOT MET").arg(failures)
-                       : ok         ? QStringLiteral("all met")
-                                    : QStringLiteral("NOT FINISHED")));
+                       counted(runner.expectationCount(), "expectation", "expectations"), result));
     if (runner.screenshotCount() > 0)
         printLine(QStringLiteral("%1 in %2")
                       .arg(counted(runner.screenshotCount(), "screenshot", "screenshots"),

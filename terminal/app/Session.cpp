@@ -364,8 +364,15 @@ void Session::onTransferred(const TransferRecord& record)
     m_lastTransfer = measurement.errorText.isEmpty()
                          ? measurement.messwert + QLatin1Char(' ') + measurement.unit
                          : measurement.errorText;
-    m_instrument.setStatusText(record.taken ? tr("Sent: %1").arg(m_lastTransfer)
-                                            : tr("Not sent: %1").arg(m_lastTransfer));
+    m_lastTransferTaken = record.taken;
+    updateStatusText();
+}
+
+void Session::updateStatusText()
+{
+    if (!m_lastTransfer.isEmpty())
+        m_instrument.setStatusText(m_lastTransferTaken ? tr("Sent: %1").arg(m_lastTransfer)
+                                                       : tr("Not sent: %1").arg(m_lastTransfer));
 }
 
 void Session::updateDisplay()
@@ -376,7 +383,11 @@ void Session::updateDisplay()
     m_display.setMesswertKlein(gross.messwert);
     m_display.setUnitKlein(gross.unit);
     m_display.setMesswertKleinVisible(reading.net && gross.isValid);
-    const double part = m_scale.isValid() ? m_scale.grossDigits() / m_scale.upperLimitDigits() : 0.0;
+    // Without a known capacity a bar would say nothing.
+    const bool capacityKnown = m_scale.capacity() > 0.0;
+    const double part =
+        capacityKnown && m_scale.isValid() ? m_scale.grossDigits() / m_scale.upperLimitDigits() : 0.0;
+    m_display.setBargraphVisible(capacityKnown);
     m_display.setBargraphValue(static_cast<int>(std::floor(std::clamp(part, 0.0, 1.0) * 100.0)));
     m_instrument.setSourceOk(m_scale.status() != Reading::Status::Disconnected);
 }
@@ -496,6 +507,7 @@ void Session::setLanguage(const QString& language)
     updateHostActions();
     updatePlugins();
     updatePlate();
+    updateStatusText();
     updateDisplay();
     updateTime();
 }

@@ -116,6 +116,7 @@ private:
     void onTransferred(const TransferRecord& record);
     bool startPlugin(int index);
     void logStatus();
+    void updateStatusText();
     void updateDisplay();
     void updatePlate();
     void updateActions();
@@ -144,6 +145,7 @@ private:
     QStringList m_pluginFaults;
     QStringList m_errors;
     QString m_lastTransfer;
+    bool m_lastTransferTaken = false;
     quint64 m_readings = 0;
     std::optional<Reading::Status> m_loggedStatus;
     QString m_loggedDetail;

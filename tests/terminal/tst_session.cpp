@@ -113,6 +113,7 @@ void TestSession::ownDisplayWithoutAPlugin()
     QVERIFY(model);
     QCOMPARE(model->property("messwert").toString(), QStringLiteral("1500.0"));
     QCOMPARE(model->property("unit").toString(), QStringLiteral("g"));
+    QCOMPARE(model->property("bargraphVisible").toBool(), true);
     QCOMPARE(model->property("bargraphValue").toInt(), 25);
     QCOMPARE(model->property("messwertKleinVisible").toBool(), false);
     session().actions().press(QStringLiteral("tare"));
@@ -130,6 +131,8 @@ void TestSession::ownPrint()
     emit instrument().printPressed();
     QCOMPARE(session().lastTransfer(), QStringLiteral("5.0 g"));
     QCOMPARE(instrument().statusText(), QStringLiteral("Sent: 5.0 g"));
+    session().setLanguage(QStringLiteral("de"));
+    QCOMPARE(instrument().statusText(), QStringLiteral("Gesendet: 5.0 g"));
 }
 
 void TestSession::scalePlate()
@@ -211,6 +214,7 @@ void TestSession::benchOfARecording()
         *SourceSpec::parse(QStringLiteral("trace:" BRIMVALE_TRACE_DIR "/filling.csv"), nullptr);
     m_fixture->start();
     QVERIFY(!bench().available());
+    QVERIFY(!instrument().display()->property("bargraphVisible").toBool()); // its capacity is not known
     QVERIFY(!session().simulation());
     QVERIFY(!session().isSourceFinished());
     m_fixture->driver.run(100 * 1000);
