@@ -285,6 +285,9 @@ void TestPluginBase::init()
 void TestPluginBase::cleanup()
 {
     m_log.reset();
+    // A plug-in that is started yet gives back what it owns.
+    if (m_plugin)
+        m_plugin->ClosePlugin();
     m_plugin.reset();
     m_host.reset();
 }
@@ -898,12 +901,12 @@ void TestPluginBase::closeCutsConnectionsBeforeItDeletes()
         connect(sender, &QObject::destroyed, this, [this] { m_host->note("a connection is left"); });
     m_host->recordSignal(model, &NotedObject::changed);
     m_host->recordSignal(object, &NotedObject::changed);
-    for (NotedObject* noted : {model, object})
-        noted->onEnd = [this, model, object] {
-            emit m_plugin->notifyPrintButtonEnableChange(true);
-            emit object->changed();
-            emit model->changed();
-        };
+    // At the end of the view model, which is deleted first, all of them still exist.
+    model->onEnd = [this, model, object] {
+        emit m_plugin->notifyPrintButtonEnableChange(true);
+        emit object->changed();
+        emit model->changed();
+    };
 
     m_host->ignore("I*::*");
     m_host->recordSignal(m_plugin.get(), &PluginBase::notifyPrintButtonEnableChange);
