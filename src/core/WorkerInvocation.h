@@ -23,7 +23,9 @@ inline bool acceptsArguments(QObject* worker, const QMetaMethod& method,
     }
     for (int i = 0; i < method.parameterCount(); ++i) {
         const int declared = method.parameterType(i);
-        const int passed = QMetaType::type(arguments.begin()[i].name());
+        // The usual type is known without a search among the names of all types.
+        const char* const name = arguments.begin()[i].name();
+        const int passed = qstrcmp(name, "QVariant") == 0 ? int(QMetaType::QVariant) : QMetaType::type(name);
         if (declared == QMetaType::UnknownType || declared != passed) {
             return false;
         }
