@@ -41,7 +41,7 @@ class WarnInfo;
 /// delete in its destructor.
 ///
 /// **After a failed start** `ClosePlugin()` does nothing, since the plug-in is not started: what the failed start
-/// made stays, and the next start replaces it.
+/// made stays, and the next start replaces it without deleting it.
 ///
 /// **After a close** all connections of the plug-in's own signals are gone, that of the print button to the host's
 /// workflow manager included; only `InitPlugin()` makes that one.
@@ -104,7 +104,7 @@ public:
     /// 5. `PreClosePlugin()`, `UnRegisterInfosectionProvider()`;
     /// 6. works out the state of the print button and emits it: without `PluginId::checkPrintOnClose` it is off. With
     ///    it and with the host-wide transfer switched off, the transfer is switched on and the outputs are asked, in
-    ///    the order 1 to 5 up to the first active one;
+    ///    the order 1 to 5 up to the first active one; with the transfer switched on already it is on;
     /// 7. cuts all connections of the signals of the view manager, the view model, `m_pluginObject` and the plug-in;
     /// 8. deletes the view manager, the view model and `m_pluginObject`;
     /// 9. 50 ms later `onNotifyClosePlugin()` runs.

@@ -13,8 +13,8 @@ namespace Brimvale
 /// An entry of a selection list.
 ///
 /// The screen can read the properties but not write them. A setter stores the value and emits the notify
-/// signal only when the value changes. Unlike other models an entry can be assigned, so that a list can be
-/// sorted in place.
+/// signal only when the value changes. Unlike other models an entry can be assigned: it takes over the values of
+/// another.
 class BRIMVALE_EXPORT SelectListItem : public QObject
 {
     Q_OBJECT

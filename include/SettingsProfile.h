@@ -36,7 +36,7 @@ public:
     QVariant GetProfileItem(int id);
 
     /// Stores `value` under `id` and, when applying is enabled, applies it. Nothing happens when the stored value
-    /// equals `value`, nor when nothing is stored and `value` is invalid.
+    /// equals `value` as `QVariant` compares (the number 1 equals the text "1"), nor when nothing is stored and `value` is invalid.
     void SetProfileItem(int id, QVariant value);
 
     /// Hands `value` to the access object's `ApplyProfileItem()`. Without an access object a warning is logged.

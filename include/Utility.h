@@ -77,7 +77,7 @@ public:
     ///
     /// The tolerance is relative to the first argument only, which is intended: nothing but 0 equals an \a a
     /// of 0, and `isEqual(a, b)` may differ from `isEqual(b, a)`. A NaN equals nothing; an infinite \a a
-    /// equals every finite \a b and no infinite one.
+    /// equals every finite \a b and the opposite infinity, but not itself.
     static bool isEqual(double a, double b);
     /// @}
 

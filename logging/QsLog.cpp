@@ -19,6 +19,9 @@ struct Destinations
     // Recursive, so that a destination may itself log.
     std::recursive_mutex mutex;
     QVector<DestinationPtr> list;
+    // Those that are writing now. A destination may log once while it writes; what it logs while it writes that line
+    // goes to the others only, or it would log for ever.
+    QVector<const Destination*> writing;
 };
 
 // Never destroyed: objects that live until the end of the process log in their destructors.
@@ -96,11 +99,15 @@ try {
     line += text;
 
     for (const DestinationPtr& destination : list) {
+        if (shared.writing.count(destination.data()) > 1)
+            continue;
+        shared.writing.append(destination.data());
         try {
             destination->write(line, level);
         } catch (...) {
             // Logging never fails what it reports on, and one destination never fails the others.
         }
+        shared.writing.removeLast();
     }
 } catch (...) {
 }

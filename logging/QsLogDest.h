@@ -31,8 +31,9 @@ public:
     /// at.
     ///
     /// The logger calls this from the thread that logs, one call at a time, and holds its lock meanwhile: do
-    /// not wait in here for another thread that may log. A log statement inside of it is allowed. An
-    /// exception that leaves it is dropped, since logging never fails what it reports on.
+    /// not wait in here for another thread that may log. A log statement inside of it is allowed: its line is
+    /// written to this destination too, but one logged while that is written only to the others. An exception that
+    /// leaves the call is dropped, since logging never fails what it reports on.
     virtual void write(const QString& message, Level level) = 0;
 
     /// False when the destination could not be set up, for example a file that cannot be opened. The logger

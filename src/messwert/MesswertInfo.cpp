@@ -41,6 +41,7 @@ MesswertInfo::MesswertInfo(QObject* parent, const QString& messwert, const QStri
     , m_stabilityVisible(stabilityVisible)
     , m_allVisible(allVisible)
 {
+    qRegisterMetaType<MesswertInfo*>("MesswertInfo*");
     translateText();
 }
 

@@ -29,6 +29,7 @@
 #include "WarnInfo.h"
 #include "core/Logging.h"
 
+#include <QPointer>
 #include <QTimer>
 #include <QTranslator>
 
@@ -245,7 +246,9 @@ IMenuList* PluginBase::GetProtocolMenu()
 
 bool PluginBase::PluginTranslator(QTranslator* translator, QString name)
 {
-    return translator->load(QLatin1String(":/translations/") + name + QLatin1String(".qm"));
+    // Delimiters and suffix are empty and not null, which would have Qt look for files of shortened names too.
+    const QString none = QLatin1String("");
+    return translator->load(QLatin1String(":/translations/") + name + QLatin1String(".qm"), none, none, none);
 }
 
 QObject* PluginBase::GetSelfRefAsQObject()
@@ -495,9 +498,14 @@ void PluginBase::onNumericDialogClosed(int ptr, bool enterpressed, QString edits
 
 void PluginBase::onNotifyClosePlugin()
 {
-    m_system->GetPluginHost()->GetSequencer()->PluginClosed();
-    PostClosePlugin();
-    m_system->GetPluginController()->SetControlMode(false);
+    // The host, or the plug-in itself, may delete the plug-in now that it has closed.
+    const QPointer<PluginBase> self(this);
+    ISystem* const system = m_system;
+    system->GetPluginHost()->GetSequencer()->PluginClosed();
+    if (self) {
+        PostClosePlugin();
+        system->GetPluginController()->SetControlMode(false);
+    }
 }
 
 void PluginBase::onDoPrint()

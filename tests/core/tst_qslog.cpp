@@ -70,6 +70,20 @@ public:
     QStringList lines;
 };
 
+// Logs another line whenever it writes one.
+class AlwaysLoggingDestination : public Destination
+{
+public:
+    void write(const QString& message, Level) override
+    {
+        lines.append(message);
+        QLOG_INFO() << "again";
+    }
+    bool isValid() override { return true; }
+
+    QStringList lines;
+};
+
 class InvalidDestination : public Destination
 {
 public:
@@ -167,6 +181,7 @@ private slots:
     void invalidDestinationIsIgnored();
     void throwingDestinationHarmsNoOther();
     void destinationMayLog();
+    void destinationThatAlwaysLogsComesToAnEnd();
     void linesOfSeveralThreadsStayWhole();
     void linesOfSeveralThreadsAreWrittenOneByOne();
 
@@ -461,6 +476,20 @@ void TestQsLog::destinationMayLog()
     QLOG_INFO() << "text";
     QCOMPARE(destination->lines,
              (QStringList{QStringLiteral("INFO  text "), QStringLiteral("WARN  from within ")}));
+}
+
+void TestQsLog::destinationThatAlwaysLogsComesToAnEnd()
+{
+    const QSharedPointer<AlwaysLoggingDestination> destination(new AlwaysLoggingDestination);
+    Logger::instance().setIncludeTimestamp(false);
+    Logger::instance().addDestination(destination);
+    Logger::instance().addDestination(DestinationFactory::MakeFunctorDestination(takeLine));
+    QLOG_INFO() << "text";
+    const QStringList expected = {QStringLiteral("INFO  text "), QStringLiteral("INFO  again ")};
+    QCOMPARE(destination->lines, expected);
+    QCOMPARE(functionLevels.size(), 3); // the innermost line is lost to the destination that logs it only
+    QLOG_INFO() << "text";
+    QCOMPARE(destination->lines, expected + expected);
 }
 
 void TestQsLog::linesOfSeveralThreadsStayWhole()

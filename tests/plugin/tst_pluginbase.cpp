@@ -244,6 +244,7 @@ private slots:
     // the notification
     void notificationComesAfter50ms();
     void notificationEndsWithThePlugin();
+    void hostMayDeleteThePluginWhenItHasClosed();
     void notificationSteps();
     void startAgainAfterClose();
     void startAgainBeforeTheNotification();
@@ -991,6 +992,18 @@ void TestPluginBase::notificationEndsWithThePlugin()
     BRIMVALE_COMPARE_CALLS(*m_host);
 }
 
+void TestPluginBase::hostMayDeleteThePluginWhenItHasClosed()
+{
+    startPlugin();
+    QVERIFY(m_plugin->ClosePlugin());
+    m_host->clearCalls();
+    m_host->onCall("ISequencer::PluginClosed", [this] { m_plugin.reset(); });
+    QVERIFY(m_host->waitForClosed());
+    QVERIFY(m_plugin == nullptr);
+    BRIMVALE_COMPARE_CALLS(*m_host, "ISystem::GetPluginHost()", "IPluginHost::GetSequencer()",
+                           "ISequencer::PluginClosed()");
+}
+
 void TestPluginBase::notificationSteps()
 {
     initPlugin();
@@ -1163,6 +1176,7 @@ void TestPluginBase::translatorRefusesMissingFile()
     LogCapture log;
     QTranslator translator;
     QVERIFY(!m_plugin->PluginTranslator(&translator, s("test_plugin_xx")));
+    QVERIFY(!m_plugin->PluginTranslator(&translator, s("test_plugin_de_AT"))); // not that of a shorter name
     BRIMVALE_COMPARE_CALLS(log.takeLines());
     BRIMVALE_COMPARE_CALLS(*m_host);
 }
