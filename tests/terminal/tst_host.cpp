@@ -3,6 +3,7 @@
 #include "IPlugin.h"
 #include "MesswertInfo.h"
 #include "WarnInfo.h"
+#include "app/GuardedApplication.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -36,6 +37,7 @@ private slots:
     void aMissingScreenIsReported_data();
     void aMissingScreenIsReported();
     void exceptionsFromTheEventLoopAreReported();
+    void anExceptionAfterTheCloseDoesNotHinderTheNext();
 
 private:
     Host& host() { return *m_fixture->host; }
@@ -270,6 +272,28 @@ void tst_Host::exceptionsFromTheEventLoopAreReported()
                      QStringLiteral("error: The application \"Fixture\" failed: std::logic_error: odd")}));
 }
 
-QTEST_GUILESS_MAIN(tst_Host)
+void tst_Host::anExceptionAfterTheCloseDoesNotHinderTheNext()
+{
+    // It is thrown in a timer of the plug-in: only the application can catch it.
+    auto* const application = qobject_cast<GuardedApplication*>(QCoreApplication::instance());
+    QVERIFY(application != nullptr);
+    connect(application, &GuardedApplication::exceptionCaught, m_fixture->host.get(),
+            [this](const QString&, const QString& exception) { host().reportException(exception); });
+    QVERIFY(run("throw_post_close"));
+    QVERIFY(run("fixture"));
+    QCOMPARE(m_fixture->notices,
+             QStringList{
+                 QStringLiteral("error: The application \"Fixture\" failed: std::runtime_error: the fixture "
+                                "failed on purpose")});
+    QVERIFY(host().plugins().isRunning());
+    QVERIFY(!host().isControlMode());
+}
+
+int main(int argc, char** argv)
+{
+    GuardedApplication application(argc, argv);
+    tst_Host test;
+    return QTest::qExec(&test, argc, argv);
+}
 
 #include "tst_host.moc"
