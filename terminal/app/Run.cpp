@@ -46,13 +46,12 @@ void assumeUtf8()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
-/// A run without a window needs neither a display nor a graphics driver; who sets the variables knows better.
-void assumeNoDisplay()
+/// A run without a window needs neither a display nor a graphics driver, whatever is set for the programs with one.
+void useNoDisplay()
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
-        qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("QT_QUICK_BACKEND", "software");
 }
 
 bool hasDisplay()
@@ -226,7 +225,7 @@ int runTerminal(int argc, char** argv)
         return ExitWrongUse;
 
     if (options.headless)
-        assumeNoDisplay();
+        useNoDisplay();
     const QtMessageHandler usualHandler = qInstallMessageHandler(explainNoDisplay);
     // Qt would take some of the options, "--plugin" among them, for its own.
     int programOnly = 1;

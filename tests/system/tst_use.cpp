@@ -15,6 +15,8 @@ private slots:
     void withoutADisplay();
     void windowWithoutADisplay();
     void windowOnADisplayThatIsNotThere();
+    void headlessWhateverThePlatform_data();
+    void headlessWhateverThePlatform();
     void refusedOptions_data();
     void refusedOptions();
     void malformedRecordings_data();
@@ -102,6 +104,28 @@ void TestUse::windowOnADisplayThatIsNotThere()
                  QLatin1String("brimvale-terminal: the display cannot be opened; check DISPLAY or "
                                "WAYLAND_DISPLAY, or add --headless\n")),
              terminal.everything().constData());
+}
+
+void TestUse::headlessWhateverThePlatform_data()
+{
+    QTest::addColumn<QString>("platform");
+    QTest::newRow("unset") << QString();
+    QTest::newRow("offscreen") << "offscreen";
+    QTest::newRow("a desktop without a display") << "xcb";
+    QTest::newRow("unknown") << "nosuchplatform";
+}
+
+void TestUse::headlessWhateverThePlatform()
+{
+    QFETCH(QString, platform);
+    const QString picture = m_folder->filePath(QStringLiteral("a.png"));
+    TerminalProcess terminal;
+    if (!platform.isEmpty())
+        terminal.setVariable("QT_QPA_PLATFORM", qPrintable(platform));
+    QVERIFY(terminal.run({QStringLiteral("--headless"), QStringLiteral("--no-plugin"),
+                          QStringLiteral("--screenshot"), picture}));
+    COMPARE_EXIT_CODE(terminal, 0);
+    QVERIFY(QFile::exists(picture));
 }
 
 void TestUse::refusedOptions_data()
