@@ -3,7 +3,7 @@
 #include "Utility.h"
 
 #include "core/Logging.h"
-#include "core/PowerOfTen.h"
+#include "core/Rounding.h"
 #include "core/SaturatingCast.h"
 
 #include <QCoreApplication>
@@ -124,15 +124,7 @@ QString Utility::ReadApplicationVersionString(const QString& text)
 
 double Utility::Round(double value, int decimals)
 {
-    const double magnitude = std::fabs(value);
-    const double power = powerOfTen(decimals);
-    const double nudge = powerOfTen(qAbs(static_cast<qint64>(decimals)) - 14);
-    const auto steps = static_cast<double>(saturatingCast<qint64>(magnitude * power + nudge + 0.5));
-    double result = steps / power + 1e-14;
-    // Also true of the NaN of 0 steps of infinite size.
-    if (!(result >= 1e-13))
-        result = 0.0;
-    return value < 0.0 ? -result : result;
+    return roundToPlaces(value, decimals).value;
 }
 
 double Utility::Round(double value)

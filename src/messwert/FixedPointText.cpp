@@ -2,6 +2,7 @@
 #include "messwert/FixedPointText.h"
 
 #include "core/PowerOfTen.h"
+#include "core/Rounding.h"
 
 #include <cmath>
 
@@ -11,45 +12,77 @@ namespace Brimvale
 namespace
 {
 
-constexpr int MostPlaces = 9;
-constexpr double MostDigits = 1e15;
+constexpr int LongestText = 9;
+constexpr int MostPlaces = LongestText - 2; // a digit and the point stand before them
+constexpr int TooManyDigits = 1000000000;   // LongestText digits and one more
 
-/// Whether rounding `scaled`, a product with one rounding error, to an integer is certain to round the exact product.
-/// It is not within the error of a tie, where the exact value decides. Below 1e15 the error is at most 1/16.
-bool isRoundingCertain(double scaled)
+// Below 1e9 a product departs from the exact one, which decides about a tie, by less than 1e-7.
+constexpr double TieMargin = 1e-6;
+
+/// Writes `digits`, which are at most ten, with the point before the last `places` of them.
+QString pointedText(quint32 digits, int places, bool isNegative)
 {
-    constexpr double Margin = 1.0 / 8.0;
-    const double fraction = scaled - std::floor(scaled);
-    return std::fabs(fraction - 0.5) > Margin;
+    constexpr int BufferSize = 12; // ten digits, point, sign
+    ushort buffer[BufferSize];
+    ushort* const end = buffer + BufferSize;
+    ushort* begin = end;
+    for (int i = 0; i < places; ++i) {
+        *--begin = static_cast<ushort>('0' + digits % 10);
+        digits /= 10;
+    }
+    if (places > 0) {
+        *--begin = '.';
+    }
+    do {
+        *--begin = static_cast<ushort>('0' + digits % 10);
+        digits /= 10;
+    } while (digits != 0);
+    if (end - begin > LongestText) {
+        return QString();
+    }
+    if (isNegative) {
+        *--begin = '-';
+    }
+    return QString(reinterpret_cast<const QChar*>(begin), static_cast<int>(end - begin));
+}
+
+/// As `fixedPointText()`, for every number and count of places.
+QString generalText(double value, int places)
+{
+    // The formatter reserves room for all places even if it writes "inf".
+    const QString text = QStringLiteral("%1").arg(value, 0, 'f', std::isfinite(value) ? places : 0);
+    const int signs = text.startsWith(QLatin1Char('-')) ? 1 : 0;
+    return text.size() - signs > LongestText ? QString() : text;
 }
 
 } // namespace
 
 QString fixedPointText(double value, int places)
 {
-    const double magnitude = std::fabs(value);
-    const double scaled = places >= 0 && places <= MostPlaces ? magnitude * powerOfTen(places) : MostDigits;
-    // Written so that a NaN takes the general way too. So does zero, whose sign is a matter of its own.
-    if (!(scaled >= 0.5 && scaled < MostDigits) || !isRoundingCertain(scaled)) {
-        return QStringLiteral("%1").arg(value, 0, 'f', places);
+    if (places < 0 || !std::isfinite(value)) {
+        return generalText(value, places);
     }
+    if (places > MostPlaces) {
+        return QString();
+    }
+    const double scaled = std::fabs(value) * powerOfTen(places);
+    if (scaled >= TooManyDigits) {
+        return QString();
+    }
+    const auto whole = static_cast<qint32>(scaled);
+    const double beyondTie = scaled - whole - 0.5;
+    if (std::fabs(beyondTie) < TieMargin) {
+        return generalText(value, places);
+    }
+    return pointedText(static_cast<quint32>(whole) + (beyondTie > 0.0 ? 1 : 0), places, value < 0.0);
+}
 
-    constexpr int LongestText = 20; // sign, 16 digits, point, and a leading zero
-    ushort buffer[LongestText + MostPlaces];
-    ushort* const end = buffer + LongestText + MostPlaces;
-    ushort* begin = end;
-    auto rest = static_cast<quint64>(std::floor(scaled + 0.5));
-    for (int written = 0; rest != 0 || written <= places; ++written) {
-        if (written == places && places > 0) {
-            *--begin = '.';
-        }
-        *--begin = static_cast<ushort>('0' + rest % 10);
-        rest /= 10;
+QString fixedPointText(const RoundedValue& rounded, int places)
+{
+    if (places < 0 || places > MostPlaces || rounded.steps >= TooManyDigits) {
+        return fixedPointText(rounded.value, places);
     }
-    if (value < 0.0) {
-        *--begin = '-';
-    }
-    return QString(reinterpret_cast<const QChar*>(begin), static_cast<int>(end - begin));
+    return pointedText(static_cast<quint32>(rounded.steps), places, rounded.value < 0.0);
 }
 
 } // namespace Brimvale

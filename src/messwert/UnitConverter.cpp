@@ -4,8 +4,11 @@
 #include "UnitDef.h"
 #include "Utility.h"
 #include "core/PowerOfTen.h"
+#include "core/Rounding.h"
 #include "core/SaturatingCast.h"
 #include "messwert/FixedPointText.h"
+
+#include <utility>
 
 namespace Brimvale
 {
@@ -20,7 +23,8 @@ struct UnitFactor
 };
 
 /// A name of up to four UTF-16 code units as one number, so that the table is one switch.
-constexpr quint64 nameKey(const char16_t* name, int length)
+template <typename CodeUnit>
+constexpr quint64 nameKey(const CodeUnit* name, int length)
 {
     quint64 key = 0;
     for (int i = 0; i < length; ++i) {
@@ -42,7 +46,7 @@ UnitFactor unitFactor(const QString& name)
     if (name.isEmpty() || name.size() > LongestName || name.at(0).isNull()) {
         return {1.0, 0};
     }
-    switch (nameKey(reinterpret_cast<const char16_t*>(name.utf16()), name.size())) {
+    switch (nameKey(name.utf16(), name.size())) {
     case u"mg"_unit:
         return {1.0, -3};
     case u"kg"_unit:
@@ -83,14 +87,20 @@ int saturatedDifference(int a, int b)
         qBound<qint64>(std::numeric_limits<int>::min(), qint64(a) - b, std::numeric_limits<int>::max()));
 }
 
-bool isOverflow(const QString& text)
+/// The decimal places that are left after the reduction. One beyond the decimals is ignored.
+int shownPlaces(int decimals, int reduction)
 {
-    return text == QLatin1String("OF");
+    return reduction > 0 && reduction <= decimals ? decimals - reduction : decimals;
+}
+
+QString overflowText()
+{
+    return QStringLiteral("OF");
 }
 
 /// Fills in the numeric value and the texts of a record whose decimals are set.
 void setValue(UnitConverter& converter, MesswertData& record, double value, int maxReduction,
-              bool isGrobRange, bool isReducible, const QString& unitName)
+              bool isGrobRange, bool isReducible, QString unitName)
 {
     if (isReducible) {
         if (record.decimals > 0 && isGrobRange) {
@@ -101,10 +111,15 @@ void setValue(UnitConverter& converter, MesswertData& record, double value, int 
         record.resolutionReduction =
             converter.CalculateResolutionReduction(record.decimals, maxReduction, isGrobRange);
     }
-    record.value = Utility::Round(value, saturatedDifference(record.decimals, record.resolutionReduction));
-    record.messwert = converter.GetValueString(record.value, record.decimals, record.resolutionReduction);
-    if (!isOverflow(record.messwert)) {
-        record.unit = unitName;
+    const int places = saturatedDifference(record.decimals, record.resolutionReduction);
+    const RoundedValue rounded = roundToPlaces(value, places);
+    record.value = rounded.value;
+    const int shown = shownPlaces(record.decimals, record.resolutionReduction);
+    record.messwert = shown == places ? fixedPointText(rounded, shown) : fixedPointText(rounded.value, shown);
+    if (record.messwert.isNull()) {
+        record.messwert = overflowText();
+    } else {
+        record.unit = std::move(unitName);
     }
     record.isGrobRange = isGrobRange;
 }
@@ -155,11 +170,11 @@ double UnitConverter::GetDigitValue(double value, int decimals, QString unit, in
 
 QString UnitConverter::GetValueString(double value, int decimals, int reduction)
 {
-    constexpr int LongestText = 9;
-    const int places = reduction > 0 && reduction <= decimals ? decimals - reduction : decimals;
-    const QString text = fixedPointText(value, places);
-    const int longest = text.startsWith(QLatin1Char('-')) ? LongestText + 1 : LongestText;
-    return text.size() > longest ? QStringLiteral("OF") : text;
+    QString text = fixedPointText(value, shownPlaces(decimals, reduction));
+    if (text.isNull()) {
+        text = overflowText();
+    }
+    return text;
 }
 
 int UnitConverter::CalculateResolutionReduction(int decimals, int requested, bool isGrobRange)
@@ -193,7 +208,7 @@ MesswertData UnitConverter::ConvertDigitToUnit(double digits, int decimals, int 
     const double whole = RoundToInt(digits * found.factor);
     record.decimals = saturatedDifference(decimals, -found.exponent);
     setValue(*this, record, whole / powerOfTen(qint64(decimals) + found.exponent), maxReduction, isGrobRange,
-             true, unit);
+             true, std::move(unit));
     return record;
 }
 
