@@ -169,6 +169,10 @@ void TestPlugins::failingAtWork_data()
     QTest::addColumn<QString>("part");
     QTest::newRow("at a reading") << "throw_reading" << QByteArray("wait 2 s\n")
                                   << "The application failed while it took in a new weight";
+    QTest::newRow("in a timer of its own")
+        << "throw_timer" << QByteArray("wait 1 s\nwait 1 s\n")
+        << "The application \"Fixture\" failed: std::runtime_error: the fixture "
+           "failed on purpose";
     QTest::newRow("at a key") << "throw_action" << QByteArray("wait 1 s\npress fixture.action\nwait 1 s\n")
                               << "The action \"Action\" failed";
     QTest::newRow("at a change of the language")

@@ -13,6 +13,8 @@ private slots:
     void init();
     void withoutADisplay_data();
     void withoutADisplay();
+    void resultsThatCannotBeWritten_data();
+    void resultsThatCannotBeWritten();
     void windowWithoutADisplay();
     void windowOnADisplayThatIsNotThere();
     void headlessWhateverThePlatform_data();
@@ -80,6 +82,26 @@ void TestUse::withoutADisplay()
     QVERIFY2(terminal.outputText().startsWith(begin), terminal.everything().constData());
     QVERIFY(terminal.outputText().endsWith(QLatin1Char('\n')));
     QCOMPARE(terminal.errorText(), QString());
+}
+
+void TestUse::resultsThatCannotBeWritten_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::newRow("help") << "--help";
+    QTest::newRow("run") << "--headless --no-plugin --duration 1";
+}
+
+void TestUse::resultsThatCannotBeWritten()
+{
+    QFETCH(QString, options);
+    TerminalProcess terminal;
+    terminal.setStandardOutputFile(QStringLiteral("/dev/full"));
+    QVERIFY(terminal.run(TerminalProcess::words(options)));
+    COMPARE_EXIT_CODE(terminal, 1);
+    QVERIFY2(terminal.errorText().endsWith(
+                 QLatin1String("brimvale-terminal: the results could not be written: the standard output is "
+                               "closed or full\n")),
+             terminal.everything().constData());
 }
 
 void TestUse::windowWithoutADisplay()
