@@ -200,6 +200,15 @@ void WeighingPlugin::onNewMeasurementValue()
     }
 }
 
+void WeighingPlugin::onDoPrint()
+{
+    if (m_weighingModel == nullptr) {
+        return; // not started
+    }
+    PluginBase::onDoPrint();
+    onNewMeasurementValue();
+}
+
 void WeighingPlugin::showReading(MesswertData current)
 {
     const MesswertData gross = readRegister(ISystemRegister::GrossRegister);

@@ -37,6 +37,11 @@ public:
     void ApplyProfileItem(int id, QVariant value) override;
     void TranslateWarnInfo() override;
 
+public slots:
+    /// Serves a print request at once with the present weight, instead of with the next reading. The host calls the
+    /// slot by its name and finds this one in place of the base's.
+    void onDoPrint();
+
 protected:
     void FillPluginId(Brimvale::PluginId& id) override;
     Brimvale::IMenuList* CreatePluginMenu() override;

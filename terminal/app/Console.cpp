@@ -23,6 +23,16 @@ void printLine(const QString& line)
     write(stdout, line);
 }
 
+bool isOutputComplete()
+{
+    // The mark of a failed write stays on the stream.
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
+        return true;
+    }
+    printError(QStringLiteral("the results could not be written: the standard output is closed or full"));
+    return false;
+}
+
 void printError(const QString& message)
 {
     write(stderr, QStringLiteral("brimvale-terminal: ") + message);

@@ -21,6 +21,9 @@ enum ExitCode
 /// Writes a line to the standard output, in UTF-8, at once.
 void printLine(const QString& line = QString());
 
+/// Whether everything written to the standard output so far arrived there. If not, a message says so.
+bool isOutputComplete();
+
 /// Writes a message to the standard error output, in UTF-8, behind the program's name.
 void printError(const QString& message);
 

@@ -230,9 +230,9 @@ void TestWeighingPlugin::clearTareIsEnabledOnlyWithATare()
 void TestWeighingPlugin::printsAStableWeightAtOnce()
 {
     start();
-    QVERIFY(m_host->pressPrint(*m_plugin));
-    m_host->clearCalls();
     weigh(reading(200.0));
+    m_host->clearCalls();
+    QVERIFY(m_host->pressPrint(*m_plugin)); // without waiting for the next reading
     QCOMPARE(m_host->callsTo("IMeasurementTransfer").size(), 1);
     QCOMPARE(m_host->callsTo("ISequencer").at(1),
              QStringLiteral("ISequencer::NotifyHostEvent(\"printPressed\")"));
@@ -257,8 +257,8 @@ void TestWeighingPlugin::printsUnstableWeightWhenAllowed()
 {
     start();
     m_plugin->SetProfileItem(WeighingPlugin::PrintOnlyStable, false, QString());
-    QVERIFY(m_host->pressPrint(*m_plugin));
     weigh(reading(199.0, false));
+    QVERIFY(m_host->pressPrint(*m_plugin));
     QCOMPARE(m_host->callsTo("IMeasurementTransfer::TransferMeasurement").size(), 1);
 }
 
@@ -278,8 +278,8 @@ void TestWeighingPlugin::refusesToPrint()
     QFETCH(int, state);
     start();
     m_plugin->SetProfileItem(WeighingPlugin::MinimumWeight, 50.0, QString());
-    QVERIFY(m_host->pressPrint(*m_plugin));
     weigh(valid ? reading(grams) : noWeight());
+    QVERIFY(m_host->pressPrint(*m_plugin));
     QCOMPARE(property("printState").toInt(), state);
 
     weigh(reading(100.0)); // the request is gone
