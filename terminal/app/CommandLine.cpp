@@ -180,7 +180,7 @@ CommandLine::CommandLine(const QStringList& arguments)
     }
     if (!parsed) {
         // What is left to go wrong: a last option without its value, or a value for an option that takes none.
-        const QString last = arguments.last();
+        const QString& last = arguments.last();
         const OptionInfo* option = findOption(last.mid(last.startsWith(QLatin1String("--")) ? 2 : 1));
         if (option && option->value)
             refuse(QStringLiteral("%1: the value is missing; write %1 %2")

@@ -81,7 +81,7 @@ QString takeWord(QString* line)
     int end = 0;
     while (end < line->size() && !line->at(end).isSpace())
         ++end;
-    const QString word = line->left(end);
+    QString word = line->left(end);
     *line = line->mid(end).trimmed();
     return word;
 }

@@ -79,7 +79,7 @@ class Script
 {
 public:
     /// Longest wait.
-    static constexpr qint64 MaximumWithinMs = 24 * 60 * 60 * 1000;
+    static constexpr qint64 MaximumWithinMs = Q_INT64_C(24) * 60 * 60 * 1000;
 
     /// Reads the file @p fileName. On failure nothing is returned and @p errors has a text for every fault:
     /// "FILE:LINE: what was written: what is wrong; what would be right".

@@ -438,7 +438,7 @@ ScriptRunner::Outcome ScriptRunner::expect(const Statement& statement)
                         QStringLiteral("it is ") + enabledDisabled(instrument.printEnabled()));
     case Kind::ExpectNotice: {
         const QString notice = instrument.noticeVisible() ? instrument.noticeText() : QString();
-        const Outcome outcome = expectPart(QStringLiteral("notice"), statement, notice);
+        Outcome outcome = expectPart(QStringLiteral("notice"), statement, notice);
         if (outcome.ok && !statement.none)
             m_session.forgiveErrors(statement.text);
         return outcome;
