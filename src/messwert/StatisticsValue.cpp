@@ -2,7 +2,10 @@
 #include "StatisticsValue.h"
 
 #include <QStringRef>
+#include <QStringView>
 
+#include <cstring>
+#include <ctime>
 #include <utility>
 
 namespace Brimvale
@@ -15,170 +18,172 @@ const QLatin1String TimestampFormat("yyyy-MM-dd HH:mm:ss.zzz");
 constexpr int TimestampLength = 23;
 
 // Writing ----------------------------------------------------------------------------------------------------------
+//
+// The length of the text is worked out first, so that every character is written once, where it stands.
 
-template <int Size>
-constexpr QLatin1String literal(const char (&text)[Size])
+struct KeyValueForm
 {
-    return QLatin1String(text, Size - 1);
+    static constexpr char16_t BeforeValue[] = u"value=\"";
+    static constexpr char16_t BeforeKomma[] = u"\" komma=\"";
+    static constexpr char16_t BeforeUnit[] = u"\" unit=\"";
+    static constexpr char16_t BeforeFlags[] = u"\" flags=\"";
+    static constexpr char16_t BeforeTimestamp[] = u"\" timestamp=\"";
+    static constexpr char16_t End[] = u"\"";
+};
+
+struct DatabaseForm
+{
+    static constexpr char16_t BeforeValue[] = u"'";
+    static constexpr char16_t BeforeKomma[] = u"','";
+    static constexpr char16_t BeforeUnit[] = u"','";
+    static constexpr char16_t BeforeFlags[] = u"','";
+    static constexpr char16_t BeforeTimestamp[] = u"','";
+    static constexpr char16_t End[] = u"'";
+};
+
+template <std::size_t Size>
+constexpr int lengthOf(const char16_t (&)[Size])
+{
+    return static_cast<int>(Size) - 1;
 }
 
-/// Text of a known length that is filled from left to right.
-class TextFiller
+template <std::size_t Size>
+QChar* write(QChar* to, const char16_t (&piece)[Size])
+{
+    std::memcpy(to, piece, (Size - 1) * sizeof(QChar));
+    return to + Size - 1;
+}
+
+QChar* write(QChar* to, const QString& text)
+{
+    std::memcpy(to, text.constData(), static_cast<std::size_t>(text.size()) * sizeof(QChar));
+    return to + text.size();
+}
+
+/// Writes the last `count` digits of a number.
+template <typename Unsigned>
+QChar* writeDigits(QChar* to, Unsigned number, int count)
+{
+    for (QChar* next = to + count; next != to;) {
+        *--next = QChar(static_cast<ushort>('0' + number % 10));
+        number /= 10;
+    }
+    return to + count;
+}
+
+class Number
 {
 public:
-    explicit TextFiller(int length)
-        : m_text(length, Qt::Uninitialized)
-        , m_next(m_text.data())
-    {
-    }
-
-    void add(QLatin1String text)
-    {
-        for (const char c : text) {
-            *m_next++ = QLatin1Char(c);
-        }
-    }
-
-    void add(const QString& text) { m_next = std::copy(text.cbegin(), text.cend(), m_next); }
-
-    QString text() const { return m_text; }
-
-private:
-    QString m_text;
-    QChar* m_next;
-};
-
-/// The decimal digits of a number, made without an allocation.
-class DecimalDigits
-{
-public:
-    explicit DecimalDigits(qint64 number)
-    {
+    explicit Number(qint64 number)
+        : m_isNegative(number < 0)
         // The magnitude of the smallest number is no qint64.
-        quint64 rest = number < 0 ? 0 - static_cast<quint64>(number) : static_cast<quint64>(number);
-        do {
-            *--m_begin = static_cast<char>('0' + rest % 10);
-            rest /= 10;
-        } while (rest != 0);
-        if (number < 0) {
-            *--m_begin = '-';
+        , m_magnitude(m_isNegative ? 0 - static_cast<quint64>(number) : static_cast<quint64>(number))
+    {
+        // The largest magnitude, 2^63, has fewer digits than the largest bound, 10^19.
+        for (quint64 bound = 10; m_magnitude >= bound; bound *= 10) {
+            ++m_digits;
         }
     }
 
-    QLatin1String text() const { return QLatin1String(m_begin, m_buffer + sizeof(m_buffer)); }
+    int length() const { return m_digits + (m_isNegative ? 1 : 0); }
+
+    QChar* write(QChar* to) const
+    {
+        if (m_isNegative) {
+            *to++ = QLatin1Char('-');
+        }
+        return writeDigits(to, m_magnitude, m_digits);
+    }
 
 private:
-    char m_buffer[20]; // 19 digits and a sign
-    char* m_begin = m_buffer + sizeof(m_buffer);
+    bool m_isNegative;
+    quint64 m_magnitude;
+    int m_digits = 1;
 };
 
-/// A time stamp as it is written, made without the general formatting where the year has four digits.
-class TimestampText
+/// A time stamp as it is written, without the general formatting where the year has four digits.
+class Timestamp
 {
 public:
-    explicit TimestampText(const QDateTime& timestamp)
+    explicit Timestamp(const QDateTime& timestamp)
     {
         if (!timestamp.isValid()) {
             return;
         }
-        int year = 0;
-        int month = 0;
-        int day = 0;
-        timestamp.date().getDate(&year, &month, &day);
-        if (year < 1 || year > 9999) {
-            m_unusual = timestamp.toString(TimestampFormat).toLatin1();
+        timestamp.date().getDate(&m_year, &m_month, &m_day);
+        if (m_year < 1 || m_year > 9999) {
+            m_unusual = timestamp.toString(TimestampFormat);
             return;
         }
-        const QTime time = timestamp.time();
-        char* next = m_usual;
-        next = addDigits(next, year, 4, '-');
-        next = addDigits(next, month, 2, '-');
-        next = addDigits(next, day, 2, ' ');
-        next = addDigits(next, time.hour(), 2, ':');
-        next = addDigits(next, time.minute(), 2, ':');
-        next = addDigits(next, time.second(), 2, '.');
-        addDigits(next, time.msec(), 3, '\0');
-        m_length = TimestampLength;
+        m_isUsual = true;
+        m_milliseconds = static_cast<unsigned>(timestamp.time().msecsSinceStartOfDay());
     }
 
-    QLatin1String text() const
+    int length() const { return m_isUsual ? TimestampLength : m_unusual.size(); }
+
+    QChar* write(QChar* to) const
     {
-        return m_length > 0 ? QLatin1String(m_usual, m_length) : QLatin1String(m_unusual);
+        if (!m_isUsual) {
+            return Brimvale::write(to, m_unusual);
+        }
+        const unsigned seconds = m_milliseconds / 1000;
+        const unsigned minutes = seconds / 60;
+        to = writeField(to, static_cast<unsigned>(m_year), 4, '-');
+        to = writeField(to, static_cast<unsigned>(m_month), 2, '-');
+        to = writeField(to, static_cast<unsigned>(m_day), 2, ' ');
+        to = writeField(to, minutes / 60, 2, ':');
+        to = writeField(to, minutes % 60, 2, ':');
+        to = writeField(to, seconds % 60, 2, '.');
+        return writeDigits(to, m_milliseconds % 1000, 3);
     }
 
 private:
-    static char* addDigits(char* next, int number, int count, char separator)
+    static QChar* writeField(QChar* to, unsigned number, int digits, char separator)
     {
-        for (int i = count - 1; i >= 0; --i) {
-            next[i] = static_cast<char>('0' + number % 10);
-            number /= 10;
-        }
-        next[count] = separator;
-        return next + count + 1;
+        to = writeDigits(to, number, digits);
+        *to = QLatin1Char(separator);
+        return to + 1;
     }
 
-    char m_usual[TimestampLength + 1];
-    int m_length = 0;
-    QByteArray m_unusual;
+    bool m_isUsual = false;
+    int m_year = 0;
+    int m_month = 0;
+    int m_day = 0;
+    unsigned m_milliseconds = 0;
+    QString m_unusual;
 };
 
-/// The five fields with the texts before, between and after them.
-QString writeFields(const StatisticsValue& figure, const QLatin1String (&fixed)[6])
+template <typename Form>
+QString writeFields(const StatisticsValue& figure)
 {
-    const DecimalDigits value(figure.value);
-    const DecimalDigits komma(figure.komma);
-    const DecimalDigits flags(static_cast<quint32>(static_cast<int>(figure.flags)));
-    const TimestampText timestamp(figure.timestamp);
+    constexpr int FixedLength = lengthOf(Form::BeforeValue) + lengthOf(Form::BeforeKomma)
+                                + lengthOf(Form::BeforeUnit) + lengthOf(Form::BeforeFlags)
+                                + lengthOf(Form::BeforeTimestamp) + lengthOf(Form::End);
+    const Number value(figure.value);
+    const Number komma(figure.komma);
+    const Number flags(static_cast<quint32>(static_cast<int>(figure.flags)));
+    const Timestamp timestamp(figure.timestamp);
 
-    int length = value.text().size() + komma.text().size() + figure.unit.size() + flags.text().size()
-                 + timestamp.text().size();
-    for (const QLatin1String& text : fixed) {
-        length += text.size();
-    }
-    TextFiller filler(length);
-    filler.add(fixed[0]);
-    filler.add(value.text());
-    filler.add(fixed[1]);
-    filler.add(komma.text());
-    filler.add(fixed[2]);
-    filler.add(figure.unit);
-    filler.add(fixed[3]);
-    filler.add(flags.text());
-    filler.add(fixed[4]);
-    filler.add(timestamp.text());
-    filler.add(fixed[5]);
-    return filler.text();
+    QString text(FixedLength + value.length() + komma.length() + figure.unit.size() + flags.length()
+                     + timestamp.length(),
+                 Qt::Uninitialized);
+    QChar* next = write(text.data(), Form::BeforeValue);
+    next = write(value.write(next), Form::BeforeKomma);
+    next = write(komma.write(next), Form::BeforeUnit);
+    next = write(write(next, figure.unit), Form::BeforeFlags);
+    next = write(flags.write(next), Form::BeforeTimestamp);
+    write(timestamp.write(next), Form::End);
+    return text;
 }
 
 // Reading ----------------------------------------------------------------------------------------------------------
 
-/// A decimal integer of 32 bits, 0 if the text is none. The usual form is read without the general conversion.
-int readInteger(const QStringRef& text)
-{
-    constexpr int SafeDigits = 9; // any number of nine digits fits in 32 bits
-    const bool isNegative = text.startsWith(QLatin1Char('-'));
-    const int first = isNegative ? 1 : 0;
-    const int digits = text.size() - first;
-    if (digits < 1 || digits > SafeDigits) {
-        return text.toInt();
-    }
-    int number = 0;
-    for (int i = first; i < text.size(); ++i) {
-        const int digit = text.at(i).unicode() - '0';
-        if (digit < 0 || digit > 9) {
-            return text.toInt();
-        }
-        number = number * 10 + digit;
-    }
-    return isNegative ? -number : number;
-}
-
 /// Reads `count` digits; the result is negative when there is another character.
-int readDigits(const QStringRef& text, int position, int count)
+int readDigits(QStringView text, int position, int count)
 {
     int number = 0;
     for (int i = position; i < position + count; ++i) {
-        const int digit = text.at(i).unicode() - '0';
+        const int digit = text[i].unicode() - '0';
         if (digit < 0 || digit > 9) {
             return -1;
         }
@@ -187,23 +192,57 @@ int readDigits(const QStringRef& text, int position, int count)
     return number;
 }
 
-/// A time stamp in the format, invalid if the text is none. Exactly written ones are read without the general parser.
-QDateTime readTimestamp(const QStringRef& text)
+/// A decimal integer of 32 bits, 0 if the text is none. The usual form is read without the general conversion.
+int readInteger(QStringView text)
 {
+    constexpr int SafeDigits = 9; // any number of nine digits fits in 32 bits
+    const int size = static_cast<int>(text.size());
+    const bool isNegative = size > 0 && text.front() == QLatin1Char('-');
+    const int first = isNegative ? 1 : 0;
+    if (size > first && size - first <= SafeDigits) {
+        const int number = readDigits(text, first, size - first);
+        if (number >= 0) {
+            return isNegative ? -number : number;
+        }
+    }
+    return text.toString().toInt();
+}
+
+/// Whether the offset from universal time changes on the day before, on, or after a date.
+bool isClockChangeNear(QDate date)
+{
+    constexpr qint64 SecondsPerDay = 86400;
+    constexpr qint64 JulianDayOfEpoch = 2440588;
+    const qint64 midnight = (date.toJulianDay() - JulianDayOfEpoch) * SecondsPerDay;
+    const auto before = static_cast<std::time_t>(midnight - SecondsPerDay);
+    const auto after = static_cast<std::time_t>(midnight + 2 * SecondsPerDay);
+    std::tm atBefore = {};
+    std::tm atAfter = {};
+    return ::localtime_r(&before, &atBefore) == nullptr || ::localtime_r(&after, &atAfter) == nullptr
+           || atBefore.tm_gmtoff != atAfter.tm_gmtoff;
+}
+
+/// A time stamp in the format, invalid if the text is none. Exactly written ones are read without the general parser,
+/// except near a change of the clock: which of two equal times is meant, or that there is none, is the parser's rule.
+QDateTime readTimestamp(QStringView text)
+{
+    constexpr int FirstYear = 1971;
+    constexpr int LastYear = 2036; // 32-bit times end in 2038
     if (text.isEmpty()) {
         return QDateTime();
     }
     const auto hasSeparator = [&text](int position, char separator) {
-        return text.at(position) == QLatin1Char(separator);
+        return text[position] == QLatin1Char(separator);
     };
     if (text.size() == TimestampLength && hasSeparator(4, '-') && hasSeparator(7, '-')
         && hasSeparator(10, ' ') && hasSeparator(13, ':') && hasSeparator(16, ':') && hasSeparator(19, '.')) {
-        const QDate date(readDigits(text, 0, 4), readDigits(text, 5, 2), readDigits(text, 8, 2));
+        const int year = readDigits(text, 0, 4);
+        const QDate date(year, readDigits(text, 5, 2), readDigits(text, 8, 2));
         const QTime time(readDigits(text, 11, 2), readDigits(text, 14, 2), readDigits(text, 17, 2),
                          readDigits(text, 20, 3));
-        if (date.isValid() && date.year() > 0 && time.isValid()) {
+        if (year >= FirstYear && year <= LastYear && date.isValid() && time.isValid()) {
             const QDateTime timestamp(date, time);
-            if (timestamp.isValid()) {
+            if (!isClockChangeNear(date)) {
                 return timestamp;
             }
         }
@@ -211,17 +250,24 @@ QDateTime readTimestamp(const QStringRef& text)
     return QDateTime::fromString(text.toString(), TimestampFormat);
 }
 
-void setProperty(StatisticsValue& figure, const QStringRef& key, const QStringRef& text)
+template <std::size_t Size>
+bool isKey(QStringView key, const char16_t (&name)[Size])
 {
-    if (key == QLatin1String("value")) {
+    return key.size() == static_cast<qsizetype>(Size) - 1
+           && std::memcmp(key.utf16(), name, (Size - 1) * sizeof(char16_t)) == 0;
+}
+
+void setProperty(StatisticsValue& figure, QStringView key, QStringView text)
+{
+    if (isKey(key, u"value")) {
         figure.value = readInteger(text);
-    } else if (key == QLatin1String("komma")) {
+    } else if (isKey(key, u"komma")) {
         figure.komma = readInteger(text);
-    } else if (key == QLatin1String("unit")) {
+    } else if (isKey(key, u"unit")) {
         figure.unit = text.toString();
-    } else if (key == QLatin1String("flags")) {
+    } else if (isKey(key, u"flags")) {
         figure.flags = QFlags<StatisticsValue::StatisticsFlag>(readInteger(text));
-    } else if (key == QLatin1String("timestamp")) {
+    } else if (isKey(key, u"timestamp")) {
         figure.timestamp = readTimestamp(text);
     }
 }
@@ -229,18 +275,47 @@ void setProperty(StatisticsValue& figure, const QStringRef& key, const QStringRe
 /// A pair as it stands in the text, and where the next one begins.
 struct Pair
 {
-    QStringRef key;
-    QStringRef text;
+    QStringView key;
+    QStringView text;
     int next;
 };
 
+/// The place of the first quote from `position` on; -1 if there is none.
+int findQuote(QStringView text, int position)
+{
+    const int size = static_cast<int>(text.size());
+    const QChar* const data = text.data();
+    for (int i = position; i < size; ++i) {
+        if (data[i] == QLatin1Char('"')) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+/// The place of the first `="` from `position` on; -1 if there is none.
+int findEqualsAndQuote(QStringView text, int position)
+{
+    for (int quote = findQuote(text, position + 1); quote >= 0; quote = findQuote(text, quote + 1)) {
+        if (text[quote - 1] == QLatin1Char('=')) {
+            return quote - 1;
+        }
+    }
+    return -1;
+}
+
+/// Finds the pair at `position`, which may lie outside the text; a negative one counts from its end.
 Pair findPair(const QString& text, int position)
 {
-    const int equals = text.indexOf(QLatin1String("=\""), position);
-    const int quote = text.indexOf(QLatin1Char('"'), equals + 2);
+    const QStringView all = text;
+    const int equals = findEqualsAndQuote(all, position < 0 ? qMax(position + text.size(), 0) : position);
+    const int quote = findQuote(all, equals + 2);
+    const int next = quote + 2;
+    if (Q_LIKELY(position >= 0 && equals >= 0 && quote >= 0)) {
+        return {all.mid(position, equals - position), all.mid(equals + 2, quote - (equals + 2)), next};
+    }
     // A search without result gives -1 and a negative length, which stands for all that follows.
-    return {text.midRef(position, equals - position), text.midRef(equals + 2, quote - (equals + 2)),
-            quote + 2};
+    return {text.midRef(position, equals - position), text.midRef(equals + 2, quote - (equals + 2)), next};
 }
 
 /// Hands every pair to `use`, up to the end or to where the position does not advance, which would go on for ever.
@@ -257,6 +332,57 @@ void forEachPair(const QString& text, Use use)
         position = pair.next;
     }
 }
+
+/// The fields of a text that is exactly as `ToString()` writes it, which is nearly every text.
+class WrittenFields
+{
+public:
+    explicit WrittenFields(QStringView text)
+        : m_rest(text)
+        , m_isComplete(skip(KeyValueForm::BeforeValue) && take(&value) && skip(KeyValueForm::BeforeKomma)
+                       && take(&komma) && skip(KeyValueForm::BeforeUnit) && take(&unit)
+                       && skip(KeyValueForm::BeforeFlags) && take(&flags)
+                       && skip(KeyValueForm::BeforeTimestamp) && take(&timestamp) && skip(KeyValueForm::End)
+                       && m_rest.isEmpty())
+    {
+    }
+
+    /// Whether all fields were found and nothing else. Otherwise they are of no use.
+    bool isComplete() const { return m_isComplete; }
+
+    QStringView value;
+    QStringView komma;
+    QStringView unit;
+    QStringView flags;
+    QStringView timestamp;
+
+private:
+    template <std::size_t Size>
+    bool skip(const char16_t (&piece)[Size])
+    {
+        constexpr qsizetype Length = Size - 1;
+        if (m_rest.size() < Length || !isKey(m_rest.left(Length), piece)) {
+            return false;
+        }
+        m_rest = m_rest.mid(Length);
+        return true;
+    }
+
+    /// Takes all up to the next quote.
+    bool take(QStringView* field)
+    {
+        const int quote = findQuote(m_rest, 0);
+        if (quote < 0) {
+            return false;
+        }
+        *field = m_rest.left(quote);
+        m_rest = m_rest.mid(quote);
+        return true;
+    }
+
+    QStringView m_rest;
+    bool m_isComplete;
+};
 
 } // namespace
 
@@ -313,21 +439,25 @@ void StatisticsValue::setIsValid(bool isValid)
 
 QString StatisticsValue::ToString() const
 {
-    static constexpr QLatin1String Fixed[] = {literal("value=\""),        literal("\" komma=\""),
-                                              literal("\" unit=\""),      literal("\" flags=\""),
-                                              literal("\" timestamp=\""), literal("\"")};
-    return writeFields(*this, Fixed);
+    return writeFields<KeyValueForm>(*this);
 }
 
 QString StatisticsValue::ToDbString() const
 {
-    static constexpr QLatin1String Fixed[] = {literal("'"),   literal("','"), literal("','"),
-                                              literal("','"), literal("','"), literal("'")};
-    return writeFields(*this, Fixed);
+    return writeFields<DatabaseForm>(*this);
 }
 
 void StatisticsValue::SetFromString(QString text)
 {
+    const WrittenFields fields(text);
+    if (fields.isComplete()) {
+        value = readInteger(fields.value);
+        komma = readInteger(fields.komma);
+        unit = fields.unit.toString();
+        flags = QFlags<StatisticsFlag>(readInteger(fields.flags));
+        timestamp = readTimestamp(fields.timestamp);
+        return;
+    }
     // Without the map of the single steps: pairs set their members one after the other, so that of a repeated key
     // the last counts here too.
     forEachPair(text, [this](const Pair& pair) { setProperty(*this, pair.key, pair.text); });
@@ -354,7 +484,7 @@ void StatisticsValue::ConvertMapToStatsVal(const QMap<QString, QString>* map)
 
 void StatisticsValue::SetStatsProperty(QString key, QString text)
 {
-    setProperty(*this, QStringRef(&key), QStringRef(&text));
+    setProperty(*this, key, text);
 }
 
 } // namespace Brimvale
