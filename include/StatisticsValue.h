@@ -68,8 +68,9 @@ public:
     ///
     /// - a field that is missing keeps its value, and the validity mark is never touched;
     /// - of a repeated key the last counts; keys are compared exactly, unknown ones are ignored;
-    /// - a number that cannot be read, or is beyond 32 bits (`value` too, although all 64 are written), becomes 0;
-    /// - a time stamp that cannot be read becomes invalid.
+    /// - a number that cannot be read, or is beyond 32 bits with sign, becomes 0: so does a larger `value`, although all
+    ///   its 64 bits are written, and `flags` with the highest bit;
+    /// - a time stamp that cannot be read, or names a time that the clock skips, becomes invalid.
     ///
     /// A text that is not in the form is read as far as the search for pairs advances.
     void SetFromString(QString text);
