@@ -16,7 +16,7 @@ class BRIMVALE_EXPORT ILoadChange
 {
 public:
     /// How the band around the reference value r is made from the range p.
-    enum LoadChangeMode
+    enum LoadChangeMode : int
     {
         Absolute = 0,      ///< r − p to r + p, anew at every stable value
         Percent = 1,       ///< r·(100 − p)/100 to r·(100 + p)/100, anew at every stable value
