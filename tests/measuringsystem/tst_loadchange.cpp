@@ -576,6 +576,8 @@ void TestLoadChange::refusedStartStoresModeMinimumAndFlag()
     QVERIFY(isAvailable(200));
     QVERIFY(!m_detector->Start(static_cast<Mode>(4), Range, 300, false));
     QVERIFY(!isAvailable(200));
+    QVERIFY(!isAvailable(
+        400)); // it does, though: above the minimum only the absolute and percent modes ask no more
 
     // The mode, and with it whether the band (0 to 0) counts.
     QVERIFY(!m_detector->Start(ILoadChange::Percent, 0, 150, false));
