@@ -162,7 +162,7 @@ ITransferTarget* System::GetTransferTarget5()
 QString System::GetProtocolFormatName()
 {
     m_calls.query("ISystem::GetProtocolFormatName");
-    return QStringLiteral("text");
+    return m_protocolFormatName;
 }
 
 int System::GetCurrentUnit()

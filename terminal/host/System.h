@@ -82,7 +82,7 @@ public:
     IPluginHost* GetPluginHost() override;
     ITransferTarget* GetTransferTarget4() override;
     ITransferTarget* GetTransferTarget5() override;
-    /// "text": the lines of this terminal's outputs are plain text, never the SICS weight answer.
+    /// "text", unless a ProtocolFormatScope says otherwise.
     QString GetProtocolFormatName() override;
     int GetCurrentUnit() override;
     ICalibrationService* GetCalibrationService() override;
@@ -112,12 +112,36 @@ signals:
     void NotifyNewLevellingValue(bool levelOk);
 
 private:
+    friend class ProtocolFormatScope;
+
     bool refuseMenuFile(const QString& menuFilePath);
 
     HostCallLog& m_calls;
     Notices& m_notices;
     const SystemServices m_services;
+    QString m_protocolFormatName = QStringLiteral("text");
     bool m_infosectionProvided = false;
+};
+
+/// While it lives, print items are laid out for another output format: "sics" makes a current-measurement item print
+/// a SICS weight answer. Scopes may be nested.
+class ProtocolFormatScope
+{
+    Q_DISABLE_COPY(ProtocolFormatScope)
+
+public:
+    /// @param system not owned, must outlive the scope.
+    ProtocolFormatScope(System& system, const QString& formatName)
+        : m_system(system)
+        , m_outerFormatName(system.m_protocolFormatName)
+    {
+        m_system.m_protocolFormatName = formatName;
+    }
+    ~ProtocolFormatScope() { m_system.m_protocolFormatName = m_outerFormatName; }
+
+private:
+    System& m_system;
+    const QString m_outerFormatName;
 };
 
 } // namespace Terminal

@@ -493,7 +493,17 @@ void tst_HostServices::statusTexts()
 
 void tst_HostServices::outputFormat()
 {
-    QCOMPARE(system().GetProtocolFormatName(), QStringLiteral("text"));
+    QCOMPARE(host().system().GetProtocolFormatName(), QStringLiteral("text"));
+    {
+        const ProtocolFormatScope sics(host().system(), QStringLiteral("sics"));
+        QCOMPARE(host().system().GetProtocolFormatName(), QStringLiteral("sics"));
+        {
+            const ProtocolFormatScope text(host().system(), QStringLiteral("text"));
+            QCOMPARE(host().system().GetProtocolFormatName(), QStringLiteral("text"));
+        }
+        QCOMPARE(host().system().GetProtocolFormatName(), QStringLiteral("sics"));
+    }
+    QCOMPARE(host().system().GetProtocolFormatName(), QStringLiteral("text"));
 }
 
 void tst_HostServices::infosectionProvider()
