@@ -2,6 +2,7 @@
 #include "script/Script.h"
 
 #include "source/DecimalText.h"
+#include "ui/BenchModel.h"
 
 #include <QFile>
 #include <QTextCodec>
@@ -22,7 +23,7 @@ using Kind = Statement::Kind;
 /// - `a|b` one of two words; the first sets Statement::on,
 /// - `{weight}` grams, `{number}` a number not below 0, `{drift}` grams per minute, `{index}` a whole number,
 /// - `{time}` a span of time, `{within}` optionally "within" and a span of time, at the end,
-/// - `{word}` a word, `{language}` en or de,
+/// - `{word}` a word, `{language}` en or de, `{page}` a page of the bench,
 /// - `{text}` the rest of the line, in quotation marks or not, never empty without them; `{text?}` the same, or the
 ///   word none,
 /// - `{found}` and `{found?}` as {text} and {text?}, but never empty,
@@ -56,6 +57,7 @@ constexpr Form FormTable[] = {
     {Kind::Connect, "connect", "connect"},
     {Kind::Dismiss, "dismiss", "dismiss"},
     {Kind::Language, "language {language}", "language de"},
+    {Kind::Bench, "bench {page}", "bench transfer"},
     {Kind::Screenshot, "screenshot {picture}", "screenshot picture.png"},
     {Kind::Note, "note {rest}", "note TEXT"},
     {Kind::ExpectDisplay, "expect display {text}", "expect display 500.0 g"},
@@ -172,6 +174,11 @@ private:
             m_statement.word = takeWord(&m_rest);
             return m_statement.word == QLatin1String("en") || m_statement.word == QLatin1String("de")
                    || fail("there is English (en) and German (de)");
+        }
+        if (part == QLatin1String("{page}")) {
+            m_statement.word = takeWord(&m_rest);
+            return BenchModel::pages().contains(m_statement.word)
+                   || fail("the bench has the pages scale, units, transfer and printer");
         }
         if (part == QLatin1String("{index}")) {
             bool ok = false;

@@ -40,6 +40,7 @@ struct Statement
         Connect,                  ///<
         Dismiss,                  ///< the notice
         Language,                 ///< word: "en" or "de"
+        Bench,                    ///< word: the page
         Screenshot,               ///< text: file
         Note,                     ///< text
         ExpectDisplay,            ///< text

@@ -212,6 +212,9 @@ ScriptRunner::Outcome ScriptRunner::carryOut(const Statement& statement)
         TimeDriver::settle();
         return done(statement.word == QLatin1String("de") ? QStringLiteral("German")
                                                           : QStringLiteral("English"));
+    case Kind::Bench:
+        m_session.bench().setPage(statement.word);
+        return done(QStringLiteral("shown"));
     case Kind::Screenshot:
         return takeScreenshot(statement.text);
     case Kind::Note:

@@ -37,6 +37,17 @@ BenchModel::BenchModel(QObject* parent)
 {
 }
 
+QStringList BenchModel::pages()
+{
+    return {QStringLiteral("scale"), QStringLiteral("units"), QStringLiteral("transfer"),
+            QStringLiteral("printer")};
+}
+
+QString BenchModel::page() const
+{
+    return m_page;
+}
+
 bool BenchModel::available() const
 {
     return m_available;
@@ -119,6 +130,14 @@ bool BenchModel::calibrationDue() const
 QStringList BenchModel::pluginFaults() const
 {
     return m_pluginFaults;
+}
+
+void BenchModel::setPage(const QString& page)
+{
+    if (m_page != page && pages().contains(page)) {
+        m_page = page;
+        emit pageChanged(page);
+    }
 }
 
 void BenchModel::setAvailable(bool available)

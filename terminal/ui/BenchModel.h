@@ -23,6 +23,8 @@ class BenchModel : public QObject
     Q_OBJECT
     Q_DISABLE_COPY(BenchModel)
 
+    /// The page that the panel shows: one of pages(). Initially "scale".
+    Q_PROPERTY(QString page READ page WRITE setPage NOTIFY pageChanged)
     /// Whether the weight source is simulated, so that weights, noise, drift and the cable are in our hands. While
     /// false those controls are disabled and the panel says why; level and calibration stay usable. Initially true.
     Q_PROPERTY(bool available READ available WRITE setAvailable NOTIFY availableChanged)
@@ -60,6 +62,10 @@ class BenchModel : public QObject
 public:
     explicit BenchModel(QObject* parent = nullptr);
 
+    /// The names of the pages, in the order of their tabs: "scale", "units", "transfer", "printer".
+    static QStringList pages();
+
+    QString page() const;
     bool available() const;
     QVariantList weights() const;
     double load() const;
@@ -77,6 +83,8 @@ public:
     bool calibrationDue() const;
     QStringList pluginFaults() const;
 
+    /// Shows a page; a name that is none of pages() changes nothing.
+    void setPage(const QString& page);
     void setAvailable(bool available);
     /// Replaces the weights on offer; those that are not above 0 and finite are left out.
     void setWeights(const QVector<double>& grams);
@@ -111,6 +119,7 @@ signals:
     void clear();
 
     // Changes of the properties, by the person or by the host.
+    void pageChanged(const QString& page);
     void availableChanged(bool available);
     void weightsChanged();
     void loadChanged(double grams);
@@ -125,6 +134,7 @@ signals:
     void pluginFaultsChanged();
 
 private:
+    QString m_page = pages().constFirst();
     bool m_available = true;
     QVector<double> m_weights;
     double m_load = 0.0;

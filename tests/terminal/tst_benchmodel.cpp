@@ -25,6 +25,7 @@ private slots:
     void init();
 
     void initialState();
+    void pageIsOneOfThePages();
     void switchNotifiesOnChangeOnly_data();
     void switchNotifiesOnChangeOnly();
     void numberIsLimited_data();
@@ -62,6 +63,19 @@ void tst_BenchModel::initialState()
     QCOMPARE(m_bench->drift(), 0.0);
     QVERIFY(m_bench->weights().isEmpty());
     QVERIFY(m_bench->pluginFaults().isEmpty());
+}
+
+void tst_BenchModel::pageIsOneOfThePages()
+{
+    QSignalSpy spy(m_bench.get(), &BenchModel::pageChanged);
+    QCOMPARE(m_bench->page(), QStringLiteral("scale"));
+    for (const QString& page : {QStringLiteral("scale"), QStringLiteral("Printer"), QString()})
+        m_bench->setPage(page);
+    QCOMPARE(spy.count(), 0);
+    m_bench->setPage(QStringLiteral("printer"));
+    QCOMPARE(m_bench->page(), QStringLiteral("printer"));
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.first().first().toString(), QStringLiteral("printer"));
 }
 
 void tst_BenchModel::switchNotifiesOnChangeOnly_data()

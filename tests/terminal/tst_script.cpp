@@ -74,6 +74,7 @@ void TestScript::statement_data()
     QTest::newRow("connect") << int(Kind::Connect);
     QTest::newRow("dismiss") << int(Kind::Dismiss);
     QTest::newRow("language de") << int(Kind::Language);
+    QTest::newRow("bench printer") << int(Kind::Bench);
     QTest::newRow("screenshot a b.png") << int(Kind::Screenshot);
     QTest::newRow("note Now it begins") << int(Kind::Note);
     QTest::newRow("expect display 500.0 g") << int(Kind::ExpectDisplay);
@@ -271,10 +272,10 @@ void TestScript::error_data()
     };
     row("unknown word", "lift 5 g",
         "no statement begins so; begin with put, take, wait, press, start, close, set, disconnect, connect, "
-        "dismiss, language, screenshot, note, expect");
+        "dismiss, language, bench, screenshot, note, expect");
     row("case counts", "Put on 5 g",
         "no statement begins so; begin with put, take, wait, press, start, close, set, disconnect, connect, "
-        "dismiss, language, screenshot, note, expect");
+        "dismiss, language, bench, screenshot, note, expect");
     row("weight missing", "put on",
         "the weight is a number above 0 with mg, g or kg; write for example: put on 500 g");
     row("weight without unit", "put on 500",
@@ -329,6 +330,8 @@ void TestScript::error_data()
         "the drift is a number with g/min; write for example: set drift 0.2 g/min");
     row("more than needed", "close now", "this cannot be understood; write for example: close");
     row("language", "language fr", "there is English (en) and German (de); write for example: language de");
+    row("page", "bench level",
+        "the bench has the pages scale, units, transfer and printer; write for example: bench transfer");
     row("picture without a name", "screenshot",
         "this cannot be understood; write for example: screenshot picture.png");
     row("picture of another kind", "screenshot a.jpg",

@@ -36,6 +36,7 @@ private slots:
     void keysOfAPlugin();
     void faultThatIsExpected();
     void language();
+    void benchPage();
     void info();
     void logLine();
     void interruption();
@@ -341,6 +342,12 @@ void TestScriptRunner::faultThatIsExpected()
     m_fixture->usePlugin("throw_action");
     QVERIFY(play(QStringLiteral("press fixture.action; expect notice on purpose")));
     QCOMPARE(m_fixture->session->errors(), QStringList());
+}
+
+void TestScriptRunner::benchPage()
+{
+    QVERIFY(play(QStringLiteral("bench transfer")));
+    QCOMPARE(m_fixture->session->bench().page(), QStringLiteral("transfer"));
 }
 
 void TestScriptRunner::language()

@@ -72,6 +72,8 @@ private slots:
     void weightIsPutOnAndTakenOff();
     void loadIsCleared();
     void sliderAsksForAValue();
+    void benchPageIsChosenByItsTab_data();
+    void benchPageIsChosenByItsTab();
     void benchSwitches();
     void bubbleIsDragged();
     void benchWithARealSource();
@@ -744,6 +746,33 @@ void tst_TerminalWindow::sliderAsksForAValue()
                  ->property("text")
                  .toString(),
              QStringLiteral("0.0 g/min"));
+}
+
+void tst_TerminalWindow::benchPageIsChosenByItsTab_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("item");
+    QTest::newRow("units") << "units"
+                           << "benchUnitsPage";
+    QTest::newRow("transfer") << "transfer"
+                              << "benchTransferPage";
+    QTest::newRow("printer") << "printer"
+                             << "benchPrinterPage";
+}
+
+void tst_TerminalWindow::benchPageIsChosenByItsTab()
+{
+    QFETCH(QString, page);
+    QFETCH(QString, item);
+    QVERIFY(m_terminal->shown(QStringLiteral("benchScalePage")));
+    QVERIFY(!m_terminal->shown(item));
+    QVERIFY(m_terminal->tap(QStringLiteral("benchTab:") + page));
+    QCOMPARE(m_terminal->bench.page(), page);
+    QVERIFY(m_terminal->shown(item));
+    QVERIFY(!m_terminal->shown(QStringLiteral("benchScalePage")));
+    m_terminal->bench.setPage(QStringLiteral("scale"));
+    QVERIFY(m_terminal->shown(QStringLiteral("benchScalePage")));
+    QVERIFY(!m_terminal->shown(item));
 }
 
 void tst_TerminalWindow::benchSwitches()

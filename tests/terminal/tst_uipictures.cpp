@@ -247,6 +247,11 @@ void tst_UiPictures::state_data()
         terminal.display.setIsValid(false);
         terminal.startApplication();
     });
+    row("bench-printer", names({"benchTab:printer", "benchPrinterPage"}), [](TerminalFixture& terminal) {
+        figures(terminal);
+        terminal.bench.setPage(QStringLiteral("printer"));
+        terminal.startApplication();
+    });
     row("without-bench", names({"value"}), [](TerminalFixture& terminal) {
         figures(terminal);
         terminal.window.setBenchVisible(false);

@@ -2,28 +2,13 @@
 import QtQuick 2.15
 import "."
 
-// What a person does to the scale with their hands. It stands beside the terminal and is no part of it.
+// What a person does to the scale with their hands, and what the terminal makes of it, on pages under a row of tabs. It
+// stands beside the terminal and is no part of it.
 Rectangle {
     id: panel
 
     readonly property int margin: 16
     readonly property int content: width - 2 * margin
-
-    // Grams as they are engraved on a weight: 500 mg, 20 g, 2 kg.
-    function engraved(grams) {
-        if (grams < 0.9995)
-            return Number((grams * 1000).toPrecision(6)) + " mg"
-        if (grams < 999.5)
-            return Number(grams.toPrecision(6)) + " g"
-        return Number((grams / 1000).toPrecision(6)) + " kg"
-    }
-    function decimals() {
-        return bench.readability > 0 ? Math.max(0, Math.min(6, Math.ceil(-Math.log(bench.readability) / Math.LN10 - 1e-9)))
-                                     : 2
-    }
-    function signed(number, places) {
-        return (number > 0 ? "+" : number < 0 ? "\u2212" : "") + Math.abs(number).toFixed(places)
-    }
 
     color: Theme.bench
 
@@ -32,238 +17,80 @@ Rectangle {
         height: Theme.statusHeight
         color: Theme.benchLine
 
-        Text {
-            x: panel.margin
-            anchors.verticalCenter: parent.verticalCenter
-            text: qsTr("Bench")
-            font.pixelSize: Theme.titleSize
-            font.weight: Font.Medium
-            color: Theme.ink
+        Row {
+            id: tabs
+            readonly property int tabWidth: (panel.width - (faultsKey.visible ? faultsKey.width : 0)) / 4
+
+            height: parent.height
+
+            BenchTab {
+                page: "scale"
+                text: qsTr("Scale")
+                icon: "weight"
+                width: tabs.tabWidth
+            }
+            BenchTab {
+                page: "units"
+                text: qsTr("Units")
+                icon: "ruler"
+                width: tabs.tabWidth
+            }
+            BenchTab {
+                page: "transfer"
+                text: qsTr("Transfer")
+                icon: "transfer"
+                width: tabs.tabWidth
+            }
+            BenchTab {
+                page: "printer"
+                text: qsTr("Printer")
+                icon: "print"
+                width: tabs.tabWidth
+            }
         }
         BenchKey {
+            id: faultsKey
             objectName: "faultsKey"
             visible: bench.pluginFaults.length > 0
             anchors.right: parent.right
-            anchors.rightMargin: panel.margin
-            anchors.verticalCenter: parent.verticalCenter
-            width: implicitWidth
+            width: 56
+            height: parent.height
+            radius: 0
             ground: Theme.error
             groundPressed: Theme.errorLit
             foreground: "white"
-            text: bench.pluginFaults.length === 1 ? qsTr("1 fault") : qsTr("%1 faults").arg(bench.pluginFaults.length)
+            text: "! " + bench.pluginFaults.length
             onClicked: faults.visible = true
         }
     }
 
-    // Load and weights.
-    Item {
-        id: loadRow
-        x: panel.margin
-        y: Theme.statusHeight + 12
-        width: panel.content
-        height: 44
-        visible: bench.available
-
-        Text {
-            text: qsTr("On the scale")
-            font.pixelSize: Theme.captionSize
-            color: Theme.inkSoft
-        }
-        Text {
-            objectName: "benchLoad"
-            anchors.bottom: parent.bottom
-            width: parent.width - clearKey.width - Theme.unit
-            text: (bench.load < 0 ? "\u2212" : "") + Math.abs(bench.load).toFixed(panel.decimals()) + " g"
-            elide: Text.ElideRight
-            font.pixelSize: Theme.titleSize
-            font.weight: Font.Medium
-            color: Theme.ink
-        }
-        BenchKey {
-            id: clearKey
-            objectName: "clearKey"
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
-            width: implicitWidth
-            text: qsTr("Clear")
-            enabled: bench.load !== 0
-            onClicked: bench.clear()
-        }
+    BenchScalePage {
+        objectName: "benchScalePage"
+        visible: bench.page === "scale"
+        y: Theme.statusHeight
+        width: parent.width
+        height: parent.height - y
     }
-    Grid {
-        objectName: "weights"
-        x: panel.margin
-        y: loadRow.y + loadRow.height + 12
-        visible: bench.available
-        columns: 2
-        spacing: Theme.unit
-
-        Repeater {
-            model: bench.weights.slice(0, 8)
-
-            Rectangle {
-                width: (panel.content - Theme.unit) / 2
-                height: 40
-                radius: Theme.radius
-                color: Theme.benchKey
-
-                BenchKey {
-                    objectName: "takeOff:" + modelData
-                    width: 44
-                    height: parent.height
-                    text: "\u2212"
-                    textSize: Theme.titleSize
-                    onClicked: bench.takeOff(modelData)
-                }
-                Text {
-                    anchors.centerIn: parent
-                    text: panel.engraved(modelData)
-                    font.pixelSize: Theme.bodySize
-                    color: Theme.ink
-                }
-                BenchKey {
-                    objectName: "putOn:" + modelData
-                    anchors.right: parent.right
-                    width: 44
-                    height: parent.height
-                    text: "+"
-                    textSize: Theme.titleSize
-                    onClicked: bench.putOn(modelData)
-                }
-            }
-        }
+    BenchUnitsPage {
+        objectName: "benchUnitsPage"
+        visible: bench.page === "units"
+        y: Theme.statusHeight
+        width: parent.width
+        height: parent.height - y
     }
-    Column {
-        objectName: "notSimulated"
-        visible: !bench.available
-        x: panel.margin
-        y: Theme.statusHeight + 24
-        width: panel.content
-        spacing: 12
-
-        Icon {
-            name: "weight"
-            size: 40
-            strokeWidth: 1.6
-            color: Theme.inkSoft
-        }
-        Text {
-            width: parent.width
-            text: qsTr("The scale is not simulated")
-            wrapMode: Text.WordWrap
-            font.pixelSize: Theme.bodySize
-            font.weight: Font.Medium
-            color: Theme.ink
-        }
-        Text {
-            width: parent.width
-            text: qsTr("Weights, noise, drift and the cable can be changed on the simulated scale only. "
-                       + "Level and calibration can be tried with every source.")
-            wrapMode: Text.WordWrap
-            lineHeight: 1.15
-            font.pixelSize: Theme.captionSize
-            color: Theme.inkSoft
-        }
+    BenchTransferPage {
+        objectName: "benchTransferPage"
+        visible: bench.page === "transfer"
+        y: Theme.statusHeight
+        width: parent.width
+        height: parent.height - y
     }
-
-    // The load cell.
-    Row {
-        x: panel.margin
-        y: 324
-        spacing: Theme.unit * 2
-        enabled: bench.available
-        opacity: enabled ? 1 : 0.4
-
-        BenchSlider {
-            objectName: "noise"
-            width: (panel.content - parent.spacing) / 2
-            title: qsTr("Noise")
-            valueText: value.toFixed(1) + " d"
-            minimum: 0
-            maximum: bench.maximumNoise
-            step: 0.1
-            value: bench.noise
-            onMoved: bench.noise = target
-        }
-        BenchSlider {
-            objectName: "drift"
-            width: (panel.content - parent.spacing) / 2
-            title: qsTr("Drift")
-            valueText: panel.signed(value, 1) + " g/min"
-            minimum: -bench.maximumDrift
-            maximum: bench.maximumDrift
-            step: 0.1
-            value: bench.drift
-            onMoved: bench.drift = target
-        }
-    }
-
-    Rectangle {
-        x: panel.margin
-        y: 392
-        width: panel.content
-        height: 1
-        color: Theme.benchLine
-    }
-
-    // The level.
-    LevelVial {
-        id: vial
-        objectName: "vial"
-        x: panel.margin
-        y: 408
-        width: 96
-        height: 96
-    }
-    Text {
-        x: 128
-        y: 412
-        text: bench.level ? qsTr("Scale is level") : qsTr("Scale is tilted")
-        font.pixelSize: Theme.bodySize
-        font.weight: Font.Medium
-        color: Theme.ink
-    }
-    Text {
-        x: 128
-        y: 436
-        text: qsTr("Drag the bubble")
-        font.pixelSize: Theme.captionSize
-        color: Theme.inkSoft
-    }
-    BenchKey {
-        objectName: "levelKey"
-        x: 128
-        y: 464
-        width: panel.width - x - panel.margin
-        text: bench.level ? qsTr("Tilt") : qsTr("Level")
-        onClicked: bench.level = !bench.level
-    }
-
-    Rectangle {
-        x: panel.margin
-        y: 520
-        width: panel.content
-        height: 1
-        color: Theme.benchLine
-    }
-    BenchSwitch {
-        objectName: "connected"
-        x: panel.margin
-        y: 524
-        width: panel.content
-        title: qsTr("Load cell connected")
-        enabled: bench.available
-        checked: bench.connected
-        onToggled: bench.connected = !bench.connected
-    }
-    BenchSwitch {
-        objectName: "calibrationDue"
-        x: panel.margin
-        y: 560
-        width: panel.content
-        title: qsTr("Calibration due")
-        checked: bench.calibrationDue
-        onToggled: bench.calibrationDue = !bench.calibrationDue
+    BenchPrinterPage {
+        objectName: "benchPrinterPage"
+        visible: bench.page === "printer"
+        y: Theme.statusHeight
+        width: parent.width
+        height: parent.height - y
     }
 
     Rectangle {

@@ -27,17 +27,32 @@
 <context>
     <name>Bench</name>
     <message>
-        <source>Bench</source>
-        <translation>Werkbank</translation>
+        <source>Plug-in faults</source>
+        <translation>Fehler der Plug-ins</translation>
     </message>
     <message>
-        <source>1 fault</source>
-        <translation>1 Fehler</translation>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
     <message>
-        <source>%1 faults</source>
-        <translation>%1 Fehler</translation>
+        <source>Scale</source>
+        <translation>Waage</translation>
     </message>
+    <message>
+        <source>Units</source>
+        <translation>Einheiten</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>Übernahme</translation>
+    </message>
+    <message>
+        <source>Printer</source>
+        <translation>Drucker</translation>
+    </message>
+</context>
+<context>
+    <name>BenchScalePage</name>
     <message>
         <source>On the scale</source>
         <translation>Auf der Waage</translation>
@@ -45,6 +60,10 @@
     <message>
         <source>Clear</source>
         <translation>Abräumen</translation>
+    </message>
+    <message>
+        <source>The scale is not simulated</source>
+        <translation>Die Waage ist nicht simuliert</translation>
     </message>
     <message>
         <source>Weights, noise, drift and the cable can be changed on the simulated scale only. Level and calibration can be tried with every source.</source>
@@ -85,18 +104,6 @@
     <message>
         <source>Calibration due</source>
         <translation>Kalibrierung fällig</translation>
-    </message>
-    <message>
-        <source>Plug-in faults</source>
-        <translation>Fehler der Plug-ins</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
-    <message>
-        <source>The scale is not simulated</source>
-        <translation>Die Waage ist nicht simuliert</translation>
     </message>
 </context>
 <context>
