@@ -11,7 +11,7 @@ namespace Brimvale
 /// handed back to the line operations of `IFormat`; the library reads only `isStable` and `errorText`.
 struct FormattedValue
 {
-    char valueMark = 0;           ///< mark printed beside the value (calculated, unstable…), 0 for none
+    char valueMark = 0; ///< mark printed beside the value (such as calculated), 0 or a blank for none
     char bracketedDigitCount = 0; ///< count of trailing digits set in brackets: they are not verified
     bool isStable = false;        ///< the value was stable when it was read
     QString text;                 ///< the value with its unit, ready for a column

@@ -199,6 +199,17 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::Formatter</name>
+    <message>
+        <source>Overload</source>
+        <translation>Überlast</translation>
+    </message>
+    <message>
+        <source>No reading</source>
+        <translation>Kein Messwert</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::Host</name>
     <message>
         <source>The application failed while it was told about the level: %1</source>
