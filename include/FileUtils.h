@@ -18,7 +18,8 @@ namespace Brimvale
 /// operation blocks its caller. The object has no state, so one, even a temporary, serves all.
 ///
 /// A copy appears under its name only when it is complete, and with the permissions of its source; links are followed.
-/// What is neither a file nor a directory (a pipe, a device) is not copied.
+/// It is not forced onto the medium. What is neither a file nor a directory (a pipe, a device) is not copied. A
+/// directory that cannot be listed counts as empty.
 class BRIMVALE_EXPORT FileUtils
 {
 public:
@@ -28,8 +29,9 @@ public:
     /// Whether the path exists and is a directory, or a link to one.
     bool dirExists(QString path);
 
-    /// Copies a file and replaces the destination. Copying a file onto itself fails and leaves it as it is. When the
-    /// old destination was removed and the copy fails, the destination is gone.
+    /// Copies a file and replaces the destination. Copying a file onto itself fails and leaves it as it is; another
+    /// link to the source is replaced by a copy. When the old destination was removed and the copy fails, the
+    /// destination is gone.
     bool CopyFileOverwrite(QString source, QString destination);
 
     /// As above, for the file of one name in two directories.
@@ -42,10 +44,12 @@ public:
     /// are there. Subdirectories are left out. A failure does not stop the others; it makes the result false.
     bool CopyDirOverwrite(QString sourceDir, QString destDir);
 
-    /// Copies a directory tree into a directory that must not exist yet, or one file to a name that must not.
+    /// Copies a directory tree into a directory that must not exist yet, or one file to a name that must not. A tree
+    /// that holds its own copy, or a link to a directory above, is not copied to its end: the result is false.
     bool copyRecursively(const QString& source, const QString& destination);
 
-    /// Copies a directory tree, or one file, and replaces the files that exist.
+    /// Copies a directory tree, or one file, and replaces the files that exist. Fails as `copyRecursively()` does where
+    /// a tree has no end.
     ///
     /// \param nameFilters wildcards that select the entries of every directory, subdirectories too: with `*.txt` only
     /// subdirectories named so are entered. An empty list selects all.

@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
+
+// Files of more than 2 GB on 32-bit systems too.
+#define _FILE_OFFSET_BITS 64
+
 #include "core/FileCopy.h"
 
 #include <QByteArray>
@@ -94,6 +98,20 @@ bool copyContent(int from, int to, off_t size)
     return copyThroughBuffer(from, to);
 }
 
+bool copyContent(QFile& from, int to)
+{
+    char buffer[16 * 1024];
+    for (;;) {
+        const qint64 count = from.read(buffer, sizeof(buffer));
+        if (count <= 0) {
+            return count == 0;
+        }
+        if (!writeAll(to, buffer, static_cast<ssize_t>(count))) {
+            return false;
+        }
+    }
+}
+
 /// Gives an unnamed file its name, unless that exists.
 bool publishUnnamed(int descriptor, const QByteArray& destination)
 {
@@ -129,38 +147,35 @@ QByteArray directoryOf(const QByteArray& path)
     return separator == 0 ? QByteArrayLiteral("/") : path.left(separator);
 }
 
-} // namespace
-
-bool copyFile(const QString& source, const QString& destination)
+/// Makes a file of a name that must not exist. The name appears when the content, which `write` writes to a descriptor,
+/// is complete. `write` begins anew when it is called again.
+template <typename Write>
+bool makeFile(const QByteArray& name, mode_t permissions, Write write)
 {
-    const QByteArray to = QFile::encodeName(destination);
-    // Not blocking: a pipe without a writer would never open.
-    const FileDescriptor in(::open(QFile::encodeName(source).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    struct stat status = {};
-    if (!in.isOpen() || ::fstat(in.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        return false;
-    }
     struct stat existing = {};
-    if (::lstat(to.constData(), &existing) == 0) {
+    if (::lstat(name.constData(), &existing) == 0) {
         return false;
     }
-
-    const auto fill = [&in, &status](const FileDescriptor& out) {
-        return copyContent(in.get(), out.get(), status.st_size)
-               && ::fchmod(out.get(), status.st_mode & PermissionBits) == 0;
+    const auto fill = [&](int descriptor) {
+        if (!write(descriptor)) {
+            return false;
+        }
+        // A file system without permissions refuses most; the copy is good all the same.
+        ::fchmod(descriptor, permissions & PermissionBits);
+        return true;
     };
 
-    const QByteArray directory = directoryOf(to);
+    const QByteArray directory = directoryOf(name);
     const FileDescriptor unnamed(
         ::open(directory.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (unnamed.isOpen()) {
-        if (!fill(unnamed)) {
+        if (!fill(unnamed.get())) {
             return false;
         }
-        if (publishUnnamed(unnamed.get(), to)) {
+        if (publishUnnamed(unnamed.get(), name)) {
             return true;
         }
-        if (errno == EEXIST || ::lseek(in.get(), 0, SEEK_SET) != 0) {
+        if (errno == EEXIST) {
             return false;
         }
     }
@@ -171,21 +186,93 @@ bool copyFile(const QString& source, const QString& destination)
     if (!named.isOpen()) {
         return false;
     }
-    const bool complete = fill(named);
+    const bool complete = fill(named.get());
     if (!named.close() || !complete) {
         ::unlink(temporary.constData());
         return false;
     }
-    return publishNamed(temporary, to);
+    return publishNamed(temporary, name);
 }
 
-bool isSameFile(const QString& first, const QString& second)
+/// The permission bits of a file that only Qt knows.
+mode_t permissionsOf(const QFile& file)
 {
-    struct stat a = {};
-    struct stat b = {};
-    return ::stat(QFile::encodeName(first).constData(), &a) == 0
-           && ::stat(QFile::encodeName(second).constData(), &b) == 0 && a.st_dev == b.st_dev
-           && a.st_ino == b.st_ino;
+    const QFile::Permissions permissions = file.permissions();
+    mode_t mode = 0;
+    const auto add = [&](QFile::Permission permission, mode_t bit) {
+        mode |= permissions.testFlag(permission) ? bit : 0;
+    };
+    add(QFile::ReadOwner, S_IRUSR);
+    add(QFile::WriteOwner, S_IWUSR);
+    add(QFile::ExeOwner, S_IXUSR);
+    add(QFile::ReadGroup, S_IRGRP);
+    add(QFile::WriteGroup, S_IWGRP);
+    add(QFile::ExeGroup, S_IXGRP);
+    add(QFile::ReadOther, S_IROTH);
+    add(QFile::WriteOther, S_IWOTH);
+    add(QFile::ExeOther, S_IXOTH);
+    return mode;
+}
+
+/// A path for the system; empty when a null character would end it early.
+QByteArray nativePath(const QString& path)
+{
+    const QByteArray native = QFile::encodeName(path);
+    return native.contains('\0') ? QByteArray() : native;
+}
+
+FileIdentity identity(const QString& path, int flags)
+{
+    struct stat status = {};
+    const QByteArray native = nativePath(path);
+    if (native.isEmpty() || ::fstatat(AT_FDCWD, native.constData(), &status, flags) != 0) {
+        return {};
+    }
+    return {true, status.st_dev, status.st_ino, status.st_nlink};
+}
+
+} // namespace
+
+bool copyFile(const QString& source, const QString& destination)
+{
+    const QByteArray from = nativePath(source);
+    const QByteArray to = nativePath(destination);
+    if (from.isEmpty() || to.isEmpty()) {
+        return false;
+    }
+
+    struct stat status = {};
+    if (::stat(from.constData(), &status) != 0) {
+        // A resource, or nothing.
+        QFile file(source);
+        return file.open(QIODevice::ReadOnly) && makeFile(to, permissionsOf(file), [&file](int descriptor) {
+                   return file.seek(0) && copyContent(file, descriptor);
+               });
+    }
+    // Looked at before it is opened: that would do something to a device, and wait for the other end of a pipe.
+    if (!S_ISREG(status.st_mode)) {
+        return false;
+    }
+    const FileDescriptor in(::open(from.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    return in.isOpen() && makeFile(to, status.st_mode, [&in, &status](int descriptor) {
+               return ::lseek(in.get(), 0, SEEK_SET) == 0
+                      && copyContent(in.get(), descriptor, status.st_size);
+           });
+}
+
+FileIdentity FileIdentity::of(const QString& path)
+{
+    return identity(path, 0);
+}
+
+FileIdentity FileIdentity::ofEntry(const QString& path)
+{
+    return identity(path, AT_SYMLINK_NOFOLLOW);
+}
+
+bool FileIdentity::operator==(const FileIdentity& other) const
+{
+    return exists && other.exists && device == other.device && inode == other.inode;
 }
 
 } // namespace Brimvale

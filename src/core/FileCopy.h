@@ -7,12 +7,27 @@
 namespace Brimvale
 {
 
-/// Copies the content and the permissions of a file to a name that must not exist. The name appears when the copy is
-/// complete. Unlike `QFile::copy()` it does not wait for the medium, file by file.
+/// Copies the content and the permissions of a file, or of a resource, to a name that must not exist. The name appears
+/// when the copy is complete. Unlike `QFile::copy()` it does not wait for the medium, file by file.
 bool copyFile(const QString& source, const QString& destination);
 
-/// Whether both paths lead to the same existing file.
-bool isSameFile(const QString& first, const QString& second);
+/// What a path leads to.
+struct FileIdentity
+{
+    /// After links.
+    static FileIdentity of(const QString& path);
+
+    /// Of the link itself where the path ends in one.
+    static FileIdentity ofEntry(const QString& path);
+
+    /// Whether both are the same existing file or directory.
+    bool operator==(const FileIdentity& other) const;
+
+    bool exists = false;
+    quint64 device = 0;
+    quint64 inode = 0;
+    quint64 names = 0; ///< hard links
+};
 
 } // namespace Brimvale
 

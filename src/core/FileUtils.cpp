@@ -28,6 +28,113 @@ bool makeDir(const QString& path)
     return QDir(info.path()).mkdir(info.fileName());
 }
 
+/// Whether both paths name one and the same, so that removing the destination would take the source away. A link that
+/// leads to the source, and another hard link to its file, can be replaced.
+bool isOntoItself(const QString& source, const QString& destination)
+{
+    const FileIdentity replaced = FileIdentity::ofEntry(destination);
+    if (!(replaced == FileIdentity::of(source)) && !(replaced == FileIdentity::ofEntry(source))) {
+        return false;
+    }
+    return replaced.names == 1
+           || QFileInfo(source).canonicalFilePath() == QFileInfo(destination).canonicalFilePath();
+}
+
+/// The directories above the one that is copied, from the inside out: those of the source, and the destination as a
+/// whole. Entering one of them again would never end.
+struct CopiedDirectory
+{
+    FileIdentity identity;
+    const CopiedDirectory* outer;
+};
+
+bool isBeingCopied(const FileIdentity& directory, const CopiedDirectory* copied)
+{
+    for (; copied != nullptr; copied = copied->outer) {
+        if (copied->identity == directory) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QString below(const QString& directory, const QString& name)
+{
+    return directory + QLatin1Char('/') + name;
+}
+
+bool copyTree(const QString& source, const QString& destination, const CopiedDirectory* outer)
+{
+    if (!QFileInfo(source).isDir()) {
+        return copyFile(source, destination);
+    }
+    const FileIdentity identity = FileIdentity::of(source);
+    if (isBeingCopied(identity, outer) || !makeDir(destination)) {
+        return false;
+    }
+    CopiedDirectory target = {};
+    if (outer == nullptr) {
+        target.identity = FileIdentity::of(destination);
+        outer = &target;
+    }
+    const CopiedDirectory copied = {identity, outer};
+    const QStringList names = QDir(source).entryList(AllEntries, QDir::Unsorted);
+    for (const QString& name : names) {
+        if (!copyTree(below(source, name), below(destination, name), &copied)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool copyFileOver(const QString& source, const QString& destination)
+{
+    const bool isSame = isOntoItself(source, destination);
+    if (!isSame && FileUtils().fileExists(destination) && !QFile::remove(destination)) {
+        BRIMVALE_LOG_TRACE("could not remove old file " << destination);
+        return false;
+    }
+    if (isSame || !copyFile(source, destination)) {
+        BRIMVALE_LOG_TRACE("could not copy file " << source);
+        return false;
+    }
+    BRIMVALE_LOG_TRACE("copied file" << source);
+    return true;
+}
+
+bool copyTreeOver(const QString& source, const QString& destination, const QStringList& nameFilters,
+                  const CopiedDirectory* outer)
+{
+    if (!QFileInfo(source).isDir()) {
+        return copyFileOver(source, destination);
+    }
+    const FileIdentity identity = FileIdentity::of(source);
+    if (isBeingCopied(identity, outer)) {
+        BRIMVALE_LOG_TRACE("could not copy file " << source);
+        return false;
+    }
+    if (!FileUtils().dirExists(destination)) {
+        if (!makeDir(destination)) {
+            BRIMVALE_LOG_TRACE("could not create dir " << destination);
+            return false;
+        }
+        BRIMVALE_LOG_TRACE("created dir " << destination);
+    }
+    CopiedDirectory target = {};
+    if (outer == nullptr) {
+        target.identity = FileIdentity::of(destination);
+        outer = &target;
+    }
+    const CopiedDirectory copied = {identity, outer};
+    const QStringList names = QDir(source).entryList(nameFilters, AllEntries, QDir::Unsorted);
+    for (const QString& name : names) {
+        if (!copyTreeOver(below(source, name), below(destination, name), nameFilters, &copied)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// Writes out what the file still holds, onto the medium.
 void syncToMedium(QFile& file)
 {
@@ -52,7 +159,7 @@ bool FileUtils::dirExists(QString path)
 bool FileUtils::CopyFileOverwrite(QString source, QString destination)
 {
     bool copied = false;
-    if (fileExists(source) && !isSameFile(source, destination)) {
+    if (fileExists(source) && !isOntoItself(source, destination)) {
         const bool removed = !fileExists(destination) || QFile::remove(destination);
         copied = copyFile(source, destination) && removed;
     }
@@ -67,7 +174,7 @@ bool FileUtils::CopyFileOverwrite(QString source, QString destination)
 
 bool FileUtils::CopyFileOverwrite(QString fileName, QString sourceDir, QString destDir)
 {
-    return CopyFileOverwrite(sourceDir + QLatin1Char('/') + fileName, destDir + QLatin1Char('/') + fileName);
+    return CopyFileOverwrite(below(sourceDir, fileName), below(destDir, fileName));
 }
 
 bool FileUtils::createDir(QString path)
@@ -87,53 +194,13 @@ bool FileUtils::CopyDirOverwrite(QString sourceDir, QString destDir)
 
 bool FileUtils::copyRecursively(const QString& source, const QString& destination)
 {
-    if (!QFileInfo(source).isDir()) {
-        return copyFile(source, destination);
-    }
-    if (!makeDir(destination)) {
-        return false;
-    }
-    const QStringList names = QDir(source).entryList(AllEntries, QDir::Unsorted);
-    for (const QString& name : names) {
-        if (!copyRecursively(source + QLatin1Char('/') + name, destination + QLatin1Char('/') + name)) {
-            return false;
-        }
-    }
-    return true;
+    return copyTree(source, destination, nullptr);
 }
 
 bool FileUtils::CopyRecursivelyOverwrite(const QString& source, const QString& destination,
                                          const QStringList& nameFilters)
 {
-    if (!QFileInfo(source).isDir()) {
-        const bool isOntoItself = isSameFile(source, destination);
-        if (!isOntoItself && fileExists(destination) && !QFile::remove(destination)) {
-            BRIMVALE_LOG_TRACE("could not remove old file " << destination);
-            return false;
-        }
-        if (isOntoItself || !copyFile(source, destination)) {
-            BRIMVALE_LOG_TRACE("could not copy file " << source);
-            return false;
-        }
-        BRIMVALE_LOG_TRACE("copied file" << source);
-        return true;
-    }
-
-    if (!dirExists(destination)) {
-        if (!makeDir(destination)) {
-            BRIMVALE_LOG_TRACE("could not create dir " << destination);
-            return false;
-        }
-        BRIMVALE_LOG_TRACE("created dir " << destination);
-    }
-    const QStringList names = QDir(source).entryList(nameFilters, AllEntries, QDir::Unsorted);
-    for (const QString& name : names) {
-        if (!CopyRecursivelyOverwrite(source + QLatin1Char('/') + name, destination + QLatin1Char('/') + name,
-                                      nameFilters)) {
-            return false;
-        }
-    }
-    return true;
+    return copyTreeOver(source, destination, nameFilters, nullptr);
 }
 
 bool FileUtils::removeDir(const QString& path)
@@ -142,7 +209,8 @@ bool FileUtils::removeDir(const QString& path)
     if (!dir.exists(path)) {
         return true;
     }
-    if (QFileInfo(path).isSymLink()) {
+    const QFileInfo info(path);
+    if (info.isDir() && info.isSymLink()) {
         return QFile::remove(path);
     }
     const QFileInfoList entries = dir.entryInfoList(EntriesToRemove, QDir::DirsFirst);
