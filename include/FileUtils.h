@@ -49,7 +49,7 @@ public:
     bool copyRecursively(const QString& source, const QString& destination);
 
     /// Copies a directory tree, or one file, and replaces the files that exist. Fails as `copyRecursively()` does where
-    /// a tree has no end.
+    /// a tree has no end. A source that does not exist fails after the file at `destination` was removed.
     ///
     /// \param nameFilters wildcards that select the entries of every directory, subdirectories too: with `*.txt` only
     /// subdirectories named so are entered. An empty list selects all.

@@ -30,7 +30,8 @@ public:
     virtual bool isActive() = 0;
 
     /// Starts the detector.
-    /// `range` is the half-width of the band in digits, or in percent (1 to 99) in the percent modes.
+    /// `range` is the half-width of the band in digits, which must be less than register 90 (the upper
+    /// limit), or in percent (1 to 99) in the percent modes.
     /// Values at or below `minimum` (digits) are not taken as a load, unless `ignoreMinimum` is set, which
     /// holds until the first trigger. Returns false when the mode or the range is not valid; `mode`,
     /// `minimum` and `ignoreMinimum` are stored even then.
@@ -39,7 +40,9 @@ public:
     /// Stops the detector; its state and band stay.
     virtual void Stop() = 0;
 
-    /// Whether `value` (digits) may be taken as the weighing that the trigger announced.
+    /// Whether `value` (digits) may be taken as the weighing that the trigger announced: only while the
+    /// detector is triggered and for a value above the minimum (at least −999,999,999 while the minimum is
+    /// ignored), in the fixed modes only within the band.
     virtual bool isValueAvailable(long value) = 0;
 
     /// True when the current value lies strictly above `value` (digits).

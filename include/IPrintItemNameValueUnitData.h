@@ -20,10 +20,10 @@ public:
     /// The category text.
     virtual QString getCategory() const = 0;
 
-    /// The name printed before the value.
+    /// The display name under which the item is offered; it is not printed.
     virtual QString getName() const = 0;
 
-    /// The description printed before the name; empty for none.
+    /// The description, printed in the column of the name.
     virtual QString getDescription() const = 0;
 
     /// Replaces the category text; no notification.

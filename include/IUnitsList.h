@@ -21,10 +21,14 @@ public:
     virtual ~IUnitsList();
 
     /// The names of the units that may be offered in the approval mode in force, sorted without regard to
-    /// case. `mode` must not be null and is not kept.
+    /// case: all of them, or, with approved units only in force, the approved ones and the carat where it is
+    /// allowed. `minDecimals` is the least count of decimal places of an approved unit, asked for only in
+    /// the modes with that rule. `enableMask` holds the bits of the units that are switched on
+    /// (`UnitDef::UnitEnableFlag`). `mode` must not be null and is not kept.
     virtual QStringList getUnitNames(IApprovedMode* mode, int minDecimals, int enableMask) = 0;
 
-    /// The names of the units approved for trade, sorted without regard to case.
+    /// The names of the units approved for trade, sorted without regard to case. `mode` and `minDecimals` as
+    /// for `getUnitNames()`.
     virtual QStringList getApprovedUnitNames(IApprovedMode* mode, int minDecimals) = 0;
 
     /// Copies the unit into `out`. Returns false and leaves `out` untouched when there is none of that

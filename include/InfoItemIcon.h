@@ -43,9 +43,13 @@ public:
     void setImage(QString image);
 
 signals:
+    /// \name Changes of the properties
+    /// Each is emitted after the value of its property was set, as the setter says.
+    ///@{
     void valueChanged();
     void unitChanged();
     void imageChanged();
+    ///@}
 
 private:
     QString m_value;

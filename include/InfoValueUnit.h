@@ -50,10 +50,14 @@ public:
     void setUnit(QString unit);
 
 signals:
+    /// \name Changes of the properties
+    /// Each is emitted after the value of its property was set, as the setter says.
+    ///@{
     void visibleChanged();
     void infoChanged();
     void valueChanged();
     void unitChanged();
+    ///@}
 
 private:
     bool m_isVisible;

@@ -65,12 +65,16 @@ public:
     void setIsItemValueInvalid(bool isItemValueInvalid);
 
 signals:
+    /// \name Changes of the properties
+    /// Each is emitted after the value of its property was set, as the setter says.
+    ///@{
     void itemGroupTitleChanged();
     void itemValueTitleChanged();
     void itemValueChanged();
     void isGroupTitleBoldChanged();
     void isItemValueRightAlignedChanged();
     void isItemValueInvalidChanged();
+    ///@}
 
 private:
     QString m_itemGroupTitle;

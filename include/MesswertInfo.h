@@ -209,6 +209,9 @@ public:
     void setFromMesswertData(MesswertData* data);
 
 signals:
+    /// \name Changes of the properties
+    /// Each is emitted after the value of its property was set, as the setter says.
+    ///@{
     void messwertChanged();
     void unitChanged();
     void messwertVisibleChanged();
@@ -234,6 +237,7 @@ signals:
     void bargraphVisibleChanged();
     void stabilityVisibleChanged();
     void allVisibleChanged();
+    ///@}
 
 private:
     QString m_messwert;

@@ -54,9 +54,13 @@ public:
     void Reset();
 
 signals:
+    /// \name Changes of the properties
+    /// Each is emitted after the value of its property was set, as the setter says.
+    ///@{
     void modelChanged();
     void isVisibleChanged();
     void stepsChanged();
+    ///@}
 
 private:
     QList<QObject*>& m_model;

@@ -28,7 +28,11 @@ public:
     void setIsDone(bool isDone);
 
 signals:
+    /// \name Changes of the properties
+    /// Each is emitted after the value of its property was set, as the setter says.
+    ///@{
     void isDoneChanged();
+    ///@}
 
 private:
     bool m_isDone;

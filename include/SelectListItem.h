@@ -68,11 +68,15 @@ public:
     void setProtected(bool isProtected);
 
 signals:
+    /// \name Changes of the properties
+    /// Each is emitted after the value of its property was set, as the setter says.
+    ///@{
     void nameChanged();
     void dateChanged();
     void additionalInformationChanged();
     void selectedChanged();
     void isProtectedChanged();
+    ///@}
 
 private:
     QString m_name;

@@ -209,9 +209,10 @@ bool FileUtils::removeDir(const QString& path)
     if (!dir.exists(path)) {
         return true;
     }
-    const QFileInfo info(path);
+    // With a separator or a point at its end, the name of a link would stand for what it leads to.
+    const QFileInfo info(QDir::cleanPath(path));
     if (info.isDir() && info.isSymLink()) {
-        return QFile::remove(path);
+        return QFile::remove(info.filePath());
     }
     const QFileInfoList entries = dir.entryInfoList(EntriesToRemove, QDir::DirsFirst);
     for (const QFileInfo& entry : entries) {

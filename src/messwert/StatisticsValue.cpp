@@ -307,6 +307,8 @@ int findEqualsAndQuote(QStringView text, int position)
 /// Finds the pair at `position`, which may lie outside the text; a negative one counts from its end.
 Pair findPair(const QString& text, int position)
 {
+    // Further out nothing changes but that the sums below would overflow.
+    position = qBound(-text.size() - 1, position, text.size() + 1);
     const QStringView all = text;
     const int equals = findEqualsAndQuote(all, position < 0 ? qMax(position + text.size(), 0) : position);
     const int quote = findQuote(all, equals + 2);

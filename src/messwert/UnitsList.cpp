@@ -4,6 +4,8 @@
 #include "IApprovedMode.h"
 #include "core/Logging.h"
 
+#include <limits>
+
 namespace Brimvale
 {
 
@@ -33,8 +35,9 @@ UnitsList::~UnitsList()
 QStringList UnitsList::getUnitNames(IApprovedMode* mode, int minDecimals, int enableMask)
 {
     QStringList names;
-    for (auto entry = m_units.begin(); entry != m_units.end(); ++entry) {
-        UnitDef& unit = entry.value();
+    // A copy: the host may rebuild the list while it is asked.
+    const QMap<QString, UnitDef> units = m_units;
+    for (UnitDef unit : units) {
         bool offered = true;
         if (mode->IsModeActive(IApprovedMode::ApprovedUnitsOnly)) {
             offered = isApprovedUnit(unit, mode, minDecimals);
@@ -53,7 +56,8 @@ QStringList UnitsList::getUnitNames(IApprovedMode* mode, int minDecimals, int en
 QStringList UnitsList::getApprovedUnitNames(IApprovedMode* mode, int minDecimals)
 {
     QStringList names;
-    for (const UnitDef& unit : qAsConst(m_units)) {
+    const QMap<QString, UnitDef> units = m_units;
+    for (const UnitDef& unit : units) {
         if (isApprovedUnit(unit, mode, minDecimals)) {
             names.append(unit.name());
         }
@@ -89,7 +93,7 @@ void UnitsList::setReferenzUnit(QString name)
         return;
     }
     // A list of its own may know names that this map does not hold; they read as the gram.
-    m_referenceUnit = getUnitByName(name);
+    m_referenceUnit = m_units.value(name, defaultGram());
     emit notifyReferenceUnitChanged(name);
 }
 
@@ -117,7 +121,8 @@ void UnitsList::InitFixUnits(int decimals)
         m_units.insert(
             key, UnitDef(key, QLatin1String(printName), factor, format, rounding, isInverse, enableFlag));
     };
-    const int k = decimals;
+    // The largest format is then that of a count of decimals too large to be one.
+    const int k = qMin(decimals, std::numeric_limits<int>::max() - 3);
     // Units per gram, or grams per unit where inverted.
     insert("g", "g", 1.0, false, k, 1, UnitDef::Gram);
     if (k > 2) {

@@ -330,6 +330,7 @@ private slots:
 
     void addsPair_data();
     void addsPair();
+    void addsPairAtFarPositions();
     void setsProperty_data();
     void setsProperty();
     void setsPropertiesOfMap();
@@ -879,6 +880,22 @@ void TestStatisticsValue::addsPair()
     Map plain = {{QStringLiteral("kept"), QStringLiteral("1")}};
     QTEST(plainAddPair(text, position, &plain), "next");
     QCOMPARE(map, plain);
+}
+
+void TestStatisticsValue::addsPairAtFarPositions()
+{
+    const QString text = QStringLiteral("a=\"12\" b=\"3\"");
+    StatisticsValue figure = untouched();
+
+    Map before;
+    QCOMPARE(figure.AddKeyValPair(text, SmallestInt, &before), 7);
+    QCOMPARE(before, (Map{{QStringLiteral("a"), QStringLiteral("12")}}));
+
+    // Nothing is found from there on, as at the end of the text.
+    Map behind;
+    Map atEnd;
+    QCOMPARE(figure.AddKeyValPair(text, LargestInt, &behind), plainAddPair(text, text.size(), &atEnd));
+    QCOMPARE(behind, atEnd);
 }
 
 void TestStatisticsValue::setsProperty_data()

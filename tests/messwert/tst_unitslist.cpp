@@ -6,6 +6,8 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <limits>
+
 using namespace Brimvale;
 
 namespace
@@ -34,11 +36,36 @@ private:
     QSet<int> m_active;
 };
 
-/// A list that knows a name of its own.
+/// An approval mode of a host that rebuilds the list whenever it is asked.
+class RebuildingMode : public IApprovedMode
+{
+public:
+    explicit RebuildingMode(UnitsList& list)
+        : m_list(list)
+    {
+    }
+
+    bool IsModeActive(int modeFlag) override
+    {
+        m_list.InitFixUnits(5);
+        return modeFlag == ApprovedUnitsOnly || modeFlag == MinimumDecimals;
+    }
+
+private:
+    UnitsList& m_list;
+};
+
+/// A list that knows a name of its own, and answers for every unit with another.
 class ListWithDozen : public UnitsList
 {
 public:
+    using UnitsList::getUnitByName;
     using UnitsList::UnitsList;
+
+    UnitDef getUnitByName(const QString&) override
+    {
+        return UnitDef(QStringLiteral("dozen"), QStringLiteral("dz"), 12.0, 0, 1, false, UnitDef::Gram);
+    }
 
     bool UnitListContainsName(QString name) override
     {
@@ -77,6 +104,8 @@ private slots:
     void offeredUnits_data();
     void offeredUnits();
     void approvedNames();
+    void namesWhileTheHostRebuildsTheList();
+    void hugeCountOfDecimals();
 };
 
 void TestUnitsList::fixedUnits_data()
@@ -218,6 +247,10 @@ void TestUnitsList::referenceUnitGoesThroughTheInterface()
     QSignalSpy changed(&list, &UnitsList::notifyReferenceUnitChanged);
     list.setReferenzUnit(QStringLiteral("dozen"));
     QCOMPARE(changed.size(), 1);
+    // The unit is that of the list itself, or the gram, whatever an override would answer.
+    QCOMPARE(described(list.getReferenzUnit()), QStringLiteral("g|g|1|0|4|1"));
+    list.setReferenzUnit(QStringLiteral("kg"));
+    QCOMPARE(described(list.getReferenzUnit()), QStringLiteral("kg|kg|0.001|0|5|1"));
 }
 
 void TestUnitsList::approvedUnit_data()
@@ -302,6 +335,24 @@ void TestUnitsList::approvedNames()
     QCOMPARE(list.getApprovedUnitNames(&none, 9).join(QLatin1Char(' ')), QStringLiteral("g kg mg"));
     Mode minimum({8192});
     QCOMPARE(list.getApprovedUnitNames(&minimum, 4).join(QLatin1Char(' ')), QStringLiteral("kg"));
+}
+
+void TestUnitsList::namesWhileTheHostRebuildsTheList()
+{
+    UnitsList offered(nullptr, 3);
+    RebuildingMode offeredMode(offered);
+    QCOMPARE(offered.getUnitNames(&offeredMode, 1, AllUnits).join(QLatin1Char(' ')), QStringLiteral("g kg"));
+    QVERIFY(!offered.UnitListContainsName(QStringLiteral("kg")));
+
+    UnitsList approved(nullptr, 3);
+    RebuildingMode approvedMode(approved);
+    QCOMPARE(approved.getApprovedUnitNames(&approvedMode, 1).join(QLatin1Char(' ')), QStringLiteral("g kg"));
+}
+
+void TestUnitsList::hugeCountOfDecimals()
+{
+    UnitsList list(nullptr, std::numeric_limits<int>::max());
+    QCOMPARE(list.getUnitByName(QStringLiteral("lb")).format(), std::numeric_limits<int>::max());
 }
 
 QTEST_APPLESS_MAIN(TestUnitsList)
