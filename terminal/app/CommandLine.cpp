@@ -46,7 +46,7 @@ constexpr OptionInfo OptionTable[] = {
      "Scale", false},
     {"speed", "N|max",
      "run a simulated or recorded scale N times as fast as real time; max: as fast\n"
-     "as can be computed, the default of --headless",
+     "as can be computed, the default of --headless without --sics",
      nullptr, false},
     {"readability", "G", "display increment in grams: 1, 2 or 5 times a power of ten", nullptr, false},
     {"capacity", "G", "largest load in grams", nullptr, false},
@@ -72,6 +72,10 @@ constexpr OptionInfo OptionTable[] = {
     {"settings", "FILE", "keep settings in FILE; default: a file of the user's, and none with --headless",
      nullptr, false},
     {"transfer-log", "FILE", "append every transferred measurement to FILE", nullptr, false},
+    {"sics", "[ADDRESS:]PORT",
+     "answer SICS commands (S, SI, SIR, SR, Z, T, @) of this computer's programs at\n"
+     "PORT, or of the network at ADDRESS:PORT; 0 is any free port. See docs/sics.md",
+     nullptr, false},
     {"log-level", "LEVEL",
      "trace, debug, info, warn, error, fatal or off (default warn); the log goes to\n"
      "the standard error output",
@@ -257,6 +261,12 @@ bool CommandLine::readValues(const QCommandLineParser& parser)
         m_options.sourceText = value("source");
         m_options.source = *source;
     }
+    if (isSet("sics")) {
+        QString error;
+        m_options.sics = SicsAddress::parse(value("sics"), &error);
+        if (!m_options.sics)
+            return refuse(QStringLiteral("--sics: ") + error);
+    }
     if (isSet("speed")) {
         const std::optional<double> factor = number(value("speed"));
         if (value("speed") == QLatin1String("max")) {
@@ -347,6 +357,7 @@ bool CommandLine::readCombination()
             {"screenshot", !m_options.screenshot.isEmpty()},
             {"duration", m_options.durationSeconds.has_value()},
             {"start", !m_options.startId.isEmpty()},
+            {"sics", m_options.sics.has_value()},
         };
         for (const auto& option : useless) {
             if (option.set)
@@ -404,6 +415,9 @@ bool CommandLine::readCombination()
     }
     if (m_options.seed != Options().seed && !simulated)
         return conflict("seed", "source", QStringLiteral("only the simulated scale makes noise from a seed"));
+    if (m_options.sics && m_options.headless && !m_options.source.isLive()
+        && m_options.pace == Options::Pace::Unset)
+        m_options.pace = Options::Pace::Factor; // Computers that are connected live in real time.
     return true;
 }
 

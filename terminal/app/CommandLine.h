@@ -5,6 +5,7 @@
 #include "QsLogLevel.h"
 #include "measuring/Readability.h"
 #include "measuring/StabilityDetector.h"
+#include "sics/SicsAddress.h"
 #include "source/SourceSpec.h"
 
 #include <QString>
@@ -56,6 +57,7 @@ struct Options
     QString language; ///< "en" or "de"; empty: the stored one.
     QString settings; ///< File; empty: the user's own, and none headless.
     QString transferLog;
+    std::optional<SicsAddress> sics; ///< Where the SICS server listens; unset: there is none.
     bool traceHostCalls = false;
     QsLogging::Level logLevel = QsLogging::WarnLevel;
 };

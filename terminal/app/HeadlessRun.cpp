@@ -6,6 +6,7 @@
 #include "app/Session.h"
 #include "app/TimeDriver.h"
 #include "script/ScriptRunner.h"
+#include "sics/SicsServer.h"
 
 #include <QSet>
 
@@ -40,6 +41,8 @@ QString counted(int count, const char* one, const char* several)
 void printHead(Session& session)
 {
     printLine(QStringLiteral("scale: %1").arg(session.source().description()));
+    if (session.sics())
+        printLine(QStringLiteral("sics: %1").arg(session.sics()->address().text()));
     const PluginManager& plugins = session.host().plugins();
     const int active = plugins.activeIndex();
     if (active < 0) {

@@ -246,6 +246,11 @@ int runTerminal(int argc, char** argv)
             printError(error);
         return ExitWrongUse;
     }
+    QString listenError;
+    if (!session.listen(&listenError)) {
+        printError(listenError);
+        return ExitFailed;
+    }
     if (!options.headless)
         return runWindow(session, application, terminationSignals);
     if (options.check)

@@ -4,6 +4,8 @@
 #include "ISystemRegister.h"
 #include "QsLog.h"
 #include "app/CommandLine.h"
+#include "sics/SicsScale.h"
+#include "sics/SicsServer.h"
 #include "source/SimulatedSource.h"
 
 #include <QGuiApplication>
@@ -28,6 +30,7 @@ namespace
 };
 
 const QString LanguageKey = QStringLiteral("terminal/language");
+const QString SerialNumberKey = QStringLiteral("terminal/serialNumber");
 const QString PositionKey = QStringLiteral("terminal/windowPosition");
 
 /// How long a notice stays that only informs; the screen does the same in a window.
@@ -257,6 +260,27 @@ bool Session::prepare(QStringList* errors)
     return true;
 }
 
+bool Session::listen(QString* error)
+{
+    if (!m_options.sics)
+        return true;
+    // A terminal that was given no serial number.
+    QString serialNumber = QStringLiteral("0");
+    if (m_settings)
+        serialNumber = m_settings->value(SerialNumberKey, serialNumber).toString();
+    m_sicsScale = std::make_unique<SicsScale>(*m_host, m_scale, m_sicsFormatter, serialNumber);
+    auto server = std::make_unique<SicsServer>(*m_sicsScale, m_clock);
+    if (!server->listen(*m_options.sics, error))
+        return false;
+    connect(server.get(), &SicsServer::clientCountChanged, &m_instrument, &InstrumentModel::setSicsClients);
+    connect(server.get(), &SicsServer::refused, this,
+            [this](const QString& text) { m_host->notices().post(NoticeSeverity::Warning, text); });
+    m_sicsServer = std::move(server);
+    m_instrument.setSicsClients(0);
+    QLOG_INFO().noquote() << "SICS server at" << m_sicsServer->address().text();
+    return true;
+}
+
 void Session::loadPlugins()
 {
     for (const QString& file : m_options.plugins)
@@ -302,6 +326,7 @@ bool Session::startPlugin(int index)
 
 void Session::shutDown()
 {
+    m_sicsServer.reset();
     m_host->plugins().closeAll();
     m_source->stop();
     storeSettings();

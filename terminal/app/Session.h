@@ -9,6 +9,7 @@
 #include "clock/Clock.h"
 #include "host/Host.h"
 #include "measuring/Scale.h"
+#include "print/Formatter.h"
 #include "source/WeightSource.h"
 #include "ui/BenchModel.h"
 #include "ui/InstrumentModel.h"
@@ -28,6 +29,8 @@ namespace Terminal
 {
 
 struct Options;
+class SicsScale;
+class SicsServer;
 class SimulatedSource;
 
 /// A terminal, put together: source, scale, host, plug-ins, screen and bench, each connected with the others. With a
@@ -48,6 +51,9 @@ public:
 
     /// Loads the screen. On failure @p errors tells why.
     bool prepare(QStringList* errors);
+
+    /// Begins to listen where the command line asks for it. On failure @p error tells why.
+    bool listen(QString* error);
 
     /// Loads the plug-ins of the command line, or the installed ones. What fails is reported; the others go on.
     void loadPlugins();
@@ -71,6 +77,8 @@ public:
     BenchModel& bench() { return m_bench; }
     TerminalWindow& window() { return m_window; }
     const LogOutput& log() const { return m_log; }
+    /// Answers SICS commands; null when it does not listen.
+    SicsServer* sics() { return m_sicsServer.get(); }
 
     // What has happened.
 
@@ -140,6 +148,9 @@ private:
     TerminalWindow m_window;
     WindowScreen m_screen;
     std::unique_ptr<Host> m_host;
+    Formatter m_sicsFormatter;
+    std::unique_ptr<SicsScale> m_sicsScale;
+    std::unique_ptr<SicsServer> m_sicsServer;
 
     QStringList m_pluginIds; ///< Of the entries that the screen offers.
     QStringList m_pluginFaults;

@@ -137,6 +137,11 @@ QString InstrumentModel::statusText() const
     return m_statusText;
 }
 
+int InstrumentModel::sicsClients() const
+{
+    return m_sicsClients;
+}
+
 bool InstrumentModel::levelOk() const
 {
     return m_levelOk;
@@ -283,6 +288,14 @@ void InstrumentModel::setStatusText(const QString& text)
     if (m_statusText != text) {
         m_statusText = text;
         emit statusTextChanged();
+    }
+}
+
+void InstrumentModel::setSicsClients(int count)
+{
+    if (m_sicsClients != count) {
+        m_sicsClients = count;
+        emit sicsClientsChanged();
     }
 }
 

@@ -75,6 +75,8 @@ class InstrumentModel : public QObject
     Q_PROPERTY(QString dateTimeText READ dateTimeText WRITE setDateTimeText NOTIFY dateTimeTextChanged)
     /// A short text of the host on the status line, e.g. the user or the mode; empty shows nothing.
     Q_PROPERTY(QString statusText READ statusText WRITE setStatusText NOTIFY statusTextChanged)
+    /// Number of the computers that are connected to the SICS server; -1 while there is no server, as initially.
+    Q_PROPERTY(int sicsClients READ sicsClients WRITE setSicsClients NOTIFY sicsClientsChanged)
     /// Whether the scale stands level. Initially true.
     Q_PROPERTY(bool levelOk READ levelOk WRITE setLevelOk NOTIFY levelOkChanged)
     /// Language of the terminal's texts: "en" or "de". Initially "en".
@@ -124,6 +126,7 @@ public:
     bool sourceOk() const;
     QString dateTimeText() const;
     QString statusText() const;
+    int sicsClients() const;
     bool levelOk() const;
     QString language() const;
     bool noticeVisible() const;
@@ -151,6 +154,7 @@ public:
     void setSourceOk(bool ok);
     void setDateTimeText(const QString& text);
     void setStatusText(const QString& text);
+    void setSicsClients(int count);
     void setLevelOk(bool ok);
     /// Switches the language of the terminal's texts; any other language than those offered counts as "en".
     void setLanguage(const QString& language);
@@ -175,6 +179,7 @@ signals:
     void sourceOkChanged();
     void dateTimeTextChanged();
     void statusTextChanged();
+    void sicsClientsChanged();
     void levelOkChanged();
     void languageChanged();
     void noticeChanged();
@@ -217,6 +222,7 @@ private:
     bool m_sourceOk = true;
     QString m_dateTimeText;
     QString m_statusText;
+    int m_sicsClients = -1;
     bool m_levelOk = true;
     QString m_language = QStringLiteral("en");
     QString m_noticeText;

@@ -34,6 +34,8 @@ private slots:
     void speed();
     void logLevel_data();
     void logLevel();
+    void sicsServerRunsInRealTime_data();
+    void sicsServerRunsInRealTime();
     void checkIsHeadless();
     void accepted_data();
     void accepted();
@@ -65,6 +67,7 @@ void TestCommandLine::withoutArguments()
     QVERIFY(!options.headless);
     QVERIFY(!options.durationSeconds);
     QVERIFY(options.bench);
+    QVERIFY(!options.sics);
     QVERIFY(options.language.isEmpty());
     QCOMPARE(options.logLevel, QsLogging::WarnLevel);
 }
@@ -77,7 +80,7 @@ void TestCommandLine::everyOption()
         words("--plugin a.so --readability 0.05 --capacity 3200 --stability 2.5,3 --seed 7 "
               "--headless --screenshot out.PNG --duration 2.5 --no-bench --language de "
               "--settings s.ini --start weighing --log-level trace --trace-host-calls "
-              "--transfer-log t.csv --plugin-dir")
+              "--transfer-log t.csv --sics 0.0.0.0:4001 --plugin-dir")
         + QStringList{folder.path()});
     QCOMPARE(line.error(), QString());
     QCOMPARE(line.outcome(), CommandLine::Outcome::Run);
@@ -100,6 +103,8 @@ void TestCommandLine::everyOption()
     QCOMPARE(options.logLevel, QsLogging::TraceLevel);
     QVERIFY(options.traceHostCalls);
     QCOMPARE(options.transferLog, QStringLiteral("t.csv"));
+    QVERIFY(options.sics.has_value());
+    QCOMPARE(options.sics->text(), QStringLiteral("0.0.0.0:4001"));
 }
 
 void TestCommandLine::pluginsKeepTheirOrder()
@@ -178,6 +183,29 @@ void TestCommandLine::logLevel()
     QCOMPARE(int(line.options().logLevel), level);
 }
 
+void TestCommandLine::sicsServerRunsInRealTime_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<int>("pace");
+    QTest::newRow("headless") << "--headless --sics 0" << int(Options::Pace::Factor);
+    QTest::newRow("recording") << "--headless --sics 0 --source trace:a.csv" << int(Options::Pace::Factor);
+    QTest::newRow("as fast as can be") << "--headless --sics 0 --speed max" << int(Options::Pace::Maximum);
+    QTest::newRow("window") << "--sics 0" << int(Options::Pace::Unset);
+    QTest::newRow("real scale") << "--headless --sics 0 --source tcp:h:1 --duration 5"
+                                << int(Options::Pace::Unset);
+    QTest::newRow("no server") << "--headless" << int(Options::Pace::Unset);
+}
+
+void TestCommandLine::sicsServerRunsInRealTime()
+{
+    QFETCH(QString, arguments);
+    QFETCH(int, pace);
+    const CommandLine line(words(arguments.toUtf8().constData()));
+    QCOMPARE(line.error(), QString());
+    QCOMPARE(int(line.options().pace), pace);
+    QCOMPARE(line.options().speedFactor, 1.0);
+}
+
 void TestCommandLine::checkIsHeadless()
 {
     const CommandLine line(words("--check --plugin a.so"));
@@ -245,6 +273,11 @@ void TestCommandLine::refused_data()
     row("picture of another kind", "--headless --screenshot a.jpg",
         "--screenshot a.jpg: the picture is a PNG file; give a name that ends with .png");
     row("language", "--language fr", "--language fr: give en or de");
+    row("port", "--sics 65536",
+        "--sics: \"65536\" is no port; a port is a number from 0 (any free one) to 65535");
+    row("name of a computer", "--sics scale:4001",
+        "--sics: \"scale\" is no address of this computer; write 127.0.0.1:4001, [::1]:4001, or 0.0.0.0:4001 "
+        "to listen on all addresses");
     row("log level", "--log-level loud",
         "--log-level loud: give trace, debug, info, warn, error, fatal or off");
     row("no such folder", "--plugin-dir /no/such/folder",
@@ -285,6 +318,8 @@ void TestCommandLine::refused_data()
     row("check and script", "--check --script a",
         "--check and --script do not go together: a check starts and closes every plug-in and weighs "
         "nothing");
+    row("check and server", "--check --sics 4001",
+        "--check and --sics do not go together: a check starts and closes every plug-in and weighs nothing");
     row("check on a real scale", "--check --source tcp:h:1",
         "--check and --source do not go together: a check weighs nothing; leave --source out");
 }
@@ -313,7 +348,7 @@ void TestCommandLine::helpNamesEveryOption_data()
     for (const QString& option :
          words("--plugin --plugin-dir --no-plugin --start --check --source --speed --readability --capacity "
                "--stability --seed --headless --script --demo --duration --screenshot --output --no-bench "
-               "--language --settings --transfer-log --log-level --trace-host-calls --help --version"))
+               "--language --settings --transfer-log --sics --log-level --trace-host-calls --help --version"))
         QTest::newRow(qPrintable(option)) << option;
 }
 

@@ -69,6 +69,7 @@ void tst_InstrumentModel::initialState()
     QVERIFY(m_model->infoItems().isEmpty());
     QVERIFY(m_model->sourceOk());
     QVERIFY(m_model->levelOk());
+    QCOMPARE(m_model->sicsClients(), -1);
     QVERIFY(!m_model->noticeVisible());
     QCOMPARE(m_model->language(), QStringLiteral("en"));
 }
@@ -85,6 +86,7 @@ void tst_InstrumentModel::plainPropertyNotifiesOnChangeOnly_data()
     QTest::newRow("sourceOk") << QByteArray("sourceOk") << QVariant(false);
     QTest::newRow("dateTimeText") << QByteArray("dateTimeText") << QVariant(QStringLiteral("2024-03-05"));
     QTest::newRow("statusText") << QByteArray("statusText") << QVariant(QStringLiteral("Supervisor"));
+    QTest::newRow("sicsClients") << QByteArray("sicsClients") << QVariant(3);
     QTest::newRow("levelOk") << QByteArray("levelOk") << QVariant(false);
     QTest::newRow("language") << QByteArray("language") << QVariant(QStringLiteral("de"));
 }

@@ -72,6 +72,26 @@ Rectangle {
                 color: instrument.sourceOk ? Theme.frameInk : Theme.errorLit
             }
         }
+        Row {
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 6
+            visible: instrument.sicsClients >= 0
+
+            Icon {
+                anchors.verticalCenter: parent.verticalCenter
+                name: "computer"
+                size: 24
+                color: sicsClients.color
+            }
+            Text {
+                id: sicsClients
+                objectName: "sicsClients"
+                anchors.verticalCenter: parent.verticalCenter
+                text: instrument.sicsClients
+                font.pixelSize: Theme.bodySize
+                color: instrument.sicsClients > 0 ? Theme.frameInk : Theme.frameInkSoft
+            }
+        }
         Icon {
             objectName: "levelIcon"
             anchors.verticalCenter: parent.verticalCenter

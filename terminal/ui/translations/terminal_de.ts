@@ -736,6 +736,45 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::SicsServer</name>
+    <message>
+        <source>another program uses this port; end it or choose another port</source>
+        <translation>ein anderes Programm benutzt diesen Port; beenden Sie es oder wählen Sie einen anderen Port</translation>
+    </message>
+    <message>
+        <source>ports below %1 are for privileged programs; choose one from %1 on</source>
+        <translation>Ports unter %1 sind privilegierten Programmen vorbehalten; wählen Sie einen ab %1</translation>
+    </message>
+    <message>
+        <source>the system forbids it; choose another port</source>
+        <translation>das System erlaubt es nicht; wählen Sie einen anderen Port</translation>
+    </message>
+    <message>
+        <source>this computer does not have this address; leave it out to serve this computer only</source>
+        <translation>dieser Rechner hat diese Adresse nicht; lassen Sie sie weg, um nur diesen Rechner zu bedienen</translation>
+    </message>
+    <message>
+        <source>The SICS server cannot listen on %1: %2.</source>
+        <translation>Der SICS-Server kann an %1 nicht lauschen: %2.</translation>
+    </message>
+    <message>
+        <source>The SICS client %1 was refused: there are %2 already.</source>
+        <translation>Der SICS-Teilnehmer %1 wurde abgewiesen: Es sind schon %2 verbunden.</translation>
+    </message>
+    <message>
+        <source>it sends more than a client may</source>
+        <translation>er sendet mehr, als ein Teilnehmer darf</translation>
+    </message>
+    <message>
+        <source>it does not read its answers</source>
+        <translation>er liest seine Antworten nicht</translation>
+    </message>
+    <message>
+        <source>The SICS client %1 was disconnected: %2.</source>
+        <translation>Der SICS-Teilnehmer %1 wurde getrennt: %2.</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::SimulatedSource</name>
     <message>
         <source>Simulated scale, %1 g, readability %2 g</source>
