@@ -33,6 +33,9 @@ bool makeDir(const QString& path)
 bool isOntoItself(const QString& source, const QString& destination)
 {
     const FileIdentity replaced = FileIdentity::ofEntry(destination);
+    if (!replaced.exists) {
+        return false;
+    }
     if (!(replaced == FileIdentity::of(source)) && !(replaced == FileIdentity::ofEntry(source))) {
         return false;
     }

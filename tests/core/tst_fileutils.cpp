@@ -1121,6 +1121,9 @@ void tst_FileUtils::nothingToRemove()
     QVERIFY(m_files.removeDir(at("missing")));
     QVERIFY(m_files.removeDir(at("missing/too")));
     QVERIFY(m_files.removeDir(at("dangling")));
+    // No path is not the current directory.
+    QVERIFY(m_files.removeDir(QString()));
+    QVERIFY(isThere(at("dangling")));
 }
 
 void tst_FileUtils::relativePathRemovesNothing()
