@@ -6,7 +6,8 @@ include("${CMAKE_CURRENT_LIST_DIR}/BrimvaleArguments.cmake")
 #
 #   brimvale_add_benchmark(NAME <name> SOURCES <file>... [LIBRARIES <target>...] [INCLUDE_DIRECTORIES <dir>...])
 #
-# Brimvale::SharedLibs and Google Benchmark's main() are linked always. `make bench` runs every executable
+# Brimvale::SharedLibs and Google Benchmark's main() are linked always. BRIMVALE_BENCHMARK_SHORT is set in the
+# environment of the short run, for a benchmark that has to do less there. `make bench` runs every executable
 # whose name begins with "bench_".
 function(brimvale_add_benchmark)
     cmake_parse_arguments(PARSE_ARGV 0 arg "" "NAME" "SOURCES;LIBRARIES;INCLUDE_DIRECTORIES")
@@ -23,5 +24,5 @@ function(brimvale_add_benchmark)
     target_include_directories(${arg_NAME} PRIVATE ${arg_INCLUDE_DIRECTORIES})
 
     add_test(NAME ${arg_NAME} COMMAND ${arg_NAME} --benchmark_min_time=0.001)
-    brimvale_set_test_properties(${arg_NAME} LABELS benchmark)
+    brimvale_set_test_properties(${arg_NAME} LABELS benchmark ENVIRONMENT "BRIMVALE_BENCHMARK_SHORT=1")
 endfunction()
