@@ -27,6 +27,12 @@ namespace
 /// Texts of the library that screens show. The library has no translations of its own: they are the host's.
 [[maybe_unused]] constexpr const char* LibraryTexts[] = {
     QT_TRANSLATE_NOOP("Brimvale::WarnInfo", "Levelling required"),
+    QT_TRANSLATE_NOOP("Brimvale::PrintableItemBase", "Measurement"),
+    QT_TRANSLATE_NOOP("Brimvale::PrintableItemBase", "General"),
+    QT_TRANSLATE_NOOP("Brimvale::PrintableItemBase", "Application"),
+    QT_TRANSLATE_NOOP("Brimvale::PrintableItemBase", "Device"),
+    QT_TRANSLATE_NOOP("Brimvale::PrintItemCurrentMeasurement", "Current measurement"),
+    QT_TRANSLATE_NOOP("Brimvale::PrintItemCurrentMeasurement", "Measurement"),
 };
 
 const QString LanguageKey = QStringLiteral("terminal/language");
@@ -62,6 +68,7 @@ HostSettings hostSettings(const Options& options)
     HostSettings settings;
     settings.parameterFile = settingsFile(options);
     settings.transferLog = options.transferLog;
+    settings.localTime = !options.headless; // A run without a window prints the same time everywhere.
     return settings;
 }
 
@@ -101,6 +108,14 @@ QVector<ActionEntry> entriesOf(const QVector<ActionState>& states)
     return entries;
 }
 
+/// What stands @p step places behind @p value, round and round.
+template <typename Value>
+Value stepped(const QVector<Value>& values, const Value& value, int step)
+{
+    const int index = values.indexOf(value) + step;
+    return values.at((index + values.size()) % values.size());
+}
+
 } // namespace
 
 Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSource> source, LogOutput& log)
@@ -131,6 +146,7 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
     connectBench();
     connectSimulation();
     connectInstrument();
+    connectProtocol();
     m_scale.setSource(m_source.get());
     updatePlate();
 }
@@ -218,6 +234,53 @@ void Session::connectInstrument()
             m_settings->setValue(LanguageKey, language);
     });
     connect(&m_window, &TerminalWindow::closed, this, &Session::closed);
+}
+
+void Session::connectProtocol()
+{
+    ProtocolModel* const model = m_instrument.protocol();
+    Protocol* const protocol = &m_host->protocol();
+    connect(protocol, &Protocol::changed, this, &Session::updateProtocol);
+    connect(model, &ProtocolModel::openChanged, this, &Session::updateProtocol);
+    connect(model, &ProtocolModel::itemToggled, protocol, &Protocol::setChosen);
+    connect(model, &ProtocolModel::kindStepped, this, [protocol](int step) {
+        ProtocolChoice choice = protocol->choice();
+        choice.type = stepped(protocolTypes(), choice.type, step);
+        protocol->setChoice(choice);
+    });
+    connect(model, &ProtocolModel::partStepped, this, [protocol](int step) {
+        ProtocolChoice choice = protocol->choice();
+        choice.part = stepped(protocolParts(), choice.part, step);
+        protocol->setChoice(choice);
+    });
+    connect(model, &ProtocolModel::triggerStepped, this, [protocol](int step) {
+        ProtocolChoice choice = protocol->choice();
+        QVector<QString> uids;
+        for (const ProtocolTriggerEntry& trigger : protocol->triggers())
+            uids.append(trigger.uid);
+        choice.trigger = stepped(uids, choice.trigger, step);
+        protocol->setChoice(choice);
+    });
+}
+
+/// Shows what the protocol is, in its menu. While the menu is closed nothing is asked of the plug-in.
+void Session::updateProtocol()
+{
+    ProtocolModel* const model = m_instrument.protocol();
+    if (!model->isOpen())
+        return;
+    const Protocol& protocol = m_host->protocol();
+    const ProtocolChoice& choice = protocol.choice();
+    QVector<ProtocolRow> rows;
+    for (const ProtocolEntry& entry : protocol.entries())
+        rows.append({entry.uid, entry.name, entry.section, entry.chosen});
+    model->setRows(rows);
+    QString trigger = tr("Not offered: %1").arg(choice.trigger);
+    for (const ProtocolTriggerEntry& entry : protocol.triggers()) {
+        if (entry.uid == choice.trigger)
+            trigger = entry.name;
+    }
+    model->setSelection(Protocol::nameOf(choice.type), Protocol::nameOf(choice.part), trigger);
 }
 
 bool Session::prepare(QStringList* errors)
@@ -531,6 +594,7 @@ void Session::setLanguage(const QString& language)
     m_display.setPtText(tr("PT"));
     updateHostActions();
     updatePlugins();
+    updateProtocol();
     updatePlate();
     updateStatusText();
     updateDisplay();

@@ -118,6 +118,8 @@ private:
     void connectBench();
     void connectInstrument();
     void connectSimulation();
+    void connectProtocol();
+    void updateProtocol();
     void reportLoad(const LoadResult& result);
     void reportError(const QString& error);
     void onNotice(NoticeSeverity severity, const QString& text);

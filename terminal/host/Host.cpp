@@ -77,7 +77,7 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     , m_sequencer(m_calls)
     , m_pluginHost(m_calls, m_addonHost, m_sequencer)
     , m_protocolPool(m_calls)
-    , m_protocolMenuFactory(m_calls, m_notices)
+    , m_protocolMenuFactory(m_calls)
     , m_lifecycleObserver(m_calls)
     , m_view(m_calls, m_notices, screen)
     , m_system(m_calls, m_notices,
@@ -104,12 +104,15 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
                               m_protocolPool,
                               m_storedParameters,
                               scale})
+    , m_protocol({m_notices, m_protocolPool, m_storedParameters, m_system, m_weighing, scale, clock},
+                 settings.owner, settings.localTime)
     , m_menuList(m_storedParameters, m_statusInfo)
     , m_weighingParameters(nullptr, &m_system, &m_menuList)
     , m_plugins(PluginEnvironment{m_system, m_view, m_menuList, m_weighingParameters, m_infoBox, m_controller,
                                   m_lifecycleObserver, m_sequencer, m_addonHost})
 {
     m_menuList.initMenuListBase(&m_system);
+    m_protocolMenuFactory.setProtocol(&m_protocol);
 
     if (!m_storedParameters.error().isEmpty()) {
         m_setupErrors.append(m_storedParameters.error());
@@ -129,6 +132,9 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     connect(&m_controller, &PluginController::controlModeChanged, this, &Host::controlModeChanged);
     connect(&m_printIndicator, &PrintIndicator::litChanged, this, &Host::printIndicatorChanged);
     connect(&m_measurementTransfer, &MeasurementTransfer::transferred, this, &Host::transferred);
+    connect(&m_measurementTransfer, &MeasurementTransfer::transferred, &m_protocol, &Protocol::onTransferred);
+    connect(&m_measurementObserver, &MeasurementObserver::registersRead, &m_protocol,
+            &Protocol::onTransferFinished);
     connect(&m_measurementTransfer, &MeasurementTransfer::availabilityChanged, this,
             &Host::onTransferAvailabilityChanged);
     connect(&m_workflowManager, &WorkflowManager::printButtonEnableChanged, this,
@@ -138,6 +144,7 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     connect(&m_plugins, &PluginManager::pluginStarted, this, &Host::updateModels);
     connect(&m_plugins, &PluginManager::released, this, &Host::onReleased);
     connect(&m_plugins, &PluginManager::faultOccurred, this, &Host::onFault);
+    connect(&m_plugins, &PluginManager::activePluginChanged, this, &Host::updateProtocol);
     connect(&m_plugins, &PluginManager::activePluginChanged, this, &Host::activePluginChanged);
     connect(&m_plugins, &PluginManager::pluginsChanged, this, &Host::pluginsChanged);
 }
@@ -189,14 +196,17 @@ bool Host::pressPrint()
     }
     QObject* const plugin = m_plugins.activeObject();
     if (plugin == nullptr) {
+        m_protocol.requestByPrintKey();
         m_measurementTransfer.transfer(m_registerValueProvider.reading(ISystemRegister::CurrentRegister),
                                        m_registerValueProvider.reading(ISystemRegister::GrossRegister),
                                        m_registerValueProvider.reading(ISystemRegister::TareRegister));
+        m_protocol.onTransferFinished();
         return true;
     }
     if (!m_plugins.isRunning()) {
         return false; // it could serve the request only at its next start
     }
+    m_protocol.requestByPrintKey();
     if (const auto exception = exceptionOf([plugin] { QMetaObject::invokeMethod(plugin, "onDoPrint"); })) {
         m_notices.postPluginFault(tr("The application failed at the print request: %1").arg(*exception));
     }
@@ -206,11 +216,13 @@ bool Host::pressPrint()
 void Host::setLanguage(const QString& language)
 {
     m_plugins.setLanguage(language);
+    m_protocol.terminalItems().setLanguage(language);
     if (const auto exception = exceptionOf([this] { m_calibrationService.retranslate(); })) {
         m_notices.postPluginFault(
             tr("The application failed while it was told about the calibration: %1").arg(*exception));
     }
     m_actionBar.refresh();
+    updateProtocol();
 }
 
 void Host::setOutput(int number, std::unique_ptr<TransferOutput> output)
@@ -228,6 +240,7 @@ void Host::reportException(const QString& exception)
 void Host::onAboutToStart()
 {
     m_notices.forgetPluginFaults();
+    updateProtocol(); // what the plug-in offers at its start meets its own choice
     // A plug-in makes this connection when it is initialised and cuts it when it closes: it is due again at a
     // second start.
     QObject* const plugin = m_plugins.activeObject();
@@ -239,6 +252,7 @@ void Host::onAboutToStart()
 
 void Host::onReleased()
 {
+    m_protocolPool.clear();
     const QList<QObject*> published = m_view.publishedObjects();
     for (QObject* const object : published) {
         disconnectServices(object);
@@ -262,6 +276,21 @@ void Host::disconnectServices(QObject* receiver)
     for (QObject* const sender : senders) {
         QObject::disconnect(sender, nullptr, receiver, nullptr);
     }
+}
+
+/// The protocol is that of the active plug-in.
+void Host::updateProtocol()
+{
+    const int index = m_plugins.activeIndex();
+    if (index < 0) {
+        m_protocol.setApplication(QString(), ApplicationType::Weighing, QString());
+        return;
+    }
+    const PluginInfo plugin = m_plugins.plugins().at(index);
+    const ApplicationType type = plugin.kind == QLatin1String("addon")     ? ApplicationType::Addon
+                                 : plugin.kind == QLatin1String("control") ? ApplicationType::Control
+                                                                           : ApplicationType::Weighing;
+    m_protocol.setApplication(plugin.identifier, type, plugin.name);
 }
 
 void Host::updateModels()

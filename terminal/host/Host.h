@@ -33,6 +33,7 @@
 #include "host/WeighingParameterService.h"
 #include "host/WorkflowManager.h"
 #include "loading/PluginManager.h"
+#include "protocol/Protocol.h"
 
 #include <QObject>
 #include <QPointer>
@@ -54,7 +55,8 @@ struct HostSettings
     QString owner = QStringLiteral("user"); ///< Owner text of stored parameters and action bars.
     QString logPrefix =
         QStringLiteral("brimvale-terminal"); ///< Begins the log line of a started application.
-    int approvedModes = 0;                   ///< Bits of IApprovedMode::Mode.
+    bool localTime = false; ///< Print-outs bear the time of the machine's time zone; otherwise UTC.
+    int approvedModes = 0;  ///< Bits of IApprovedMode::Mode.
     int callLogCapacity = HostCallLog::DefaultCapacity;
 };
 
@@ -101,6 +103,7 @@ public:
     WorkflowManager& workflowManager() { return m_workflowManager; }
     PrintIndicator& printIndicator() { return m_printIndicator; }
     ProtocolPool& protocolPool() { return m_protocolPool; }
+    Protocol& protocol() { return m_protocol; }
     PluginController& controller() { return m_controller; }
     Sequencer& sequencer() { return m_sequencer; }
     PluginManager& plugins() { return m_plugins; }
@@ -135,8 +138,9 @@ public:
     bool pressAction(const QString& uid) { return m_actionBar.press(uid); }
 
     /// Presses the print button. With an active plug-in its slot onDoPrint() is called; without one the
-    /// terminal transfers its own reading. Returns false when the button is disabled or the plug-in is just
-    /// starting or closing.
+    /// terminal transfers its own reading. When the measurement has been transferred and everything that
+    /// belongs to it been told, the protocol is printed, if the print key is what starts it and items are chosen
+    /// for it. Returns false when the button is disabled or the plug-in is just starting or closing.
     bool pressPrint();
 
     /// Switches the language ("en", "de") of the texts that the host and the plug-ins supply. The
@@ -173,6 +177,7 @@ private:
     void onReleased();
     void onFault(const PluginFault& fault);
     void updateModels();
+    void updateProtocol();
     void onPrintButtonEnableChange(bool enable);
     void setPrintEnabled(bool enabled);
     void onTransferAvailabilityChanged();
@@ -207,6 +212,7 @@ private:
     LifecycleObserver m_lifecycleObserver;
     ViewHost m_view;
     System m_system;
+    Protocol m_protocol;
     HostMenuList m_menuList;
     WeighingParameters m_weighingParameters;
     PluginManager m_plugins;

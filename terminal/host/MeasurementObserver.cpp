@@ -10,8 +10,9 @@ namespace Brimvale
 namespace Terminal
 {
 
-MeasurementObserver::MeasurementObserver(HostCallLog& calls)
-    : m_calls(calls)
+MeasurementObserver::MeasurementObserver(HostCallLog& calls, QObject* parent)
+    : QObject(parent)
+    , m_calls(calls)
     , m_grossDigits(std::numeric_limits<double>::quiet_NaN())
     , m_tareDigits(std::numeric_limits<double>::quiet_NaN())
 {
@@ -29,6 +30,7 @@ void MeasurementObserver::OnSystemRegistersRead(double register72, double regist
     m_calls.command("IMeasurementObserver::OnSystemRegistersRead", register72, register73);
     m_grossDigits = register72;
     m_tareDigits = register73;
+    emit registersRead();
 }
 
 } // namespace Terminal

@@ -4,7 +4,7 @@
 
 #include "IMeasurementObserver.h"
 
-#include <QtGlobal>
+#include <QObject>
 
 namespace Brimvale
 {
@@ -14,11 +14,13 @@ namespace Terminal
 class HostCallLog;
 
 /// Keeps the last transferred measurement and what the scale weighed at that time.
-class MeasurementObserver : public IMeasurementObserver
+class MeasurementObserver : public QObject, public IMeasurementObserver
 {
-public:
-    explicit MeasurementObserver(HostCallLog& calls);
+    Q_OBJECT
     Q_DISABLE_COPY(MeasurementObserver)
+
+public:
+    explicit MeasurementObserver(HostCallLog& calls, QObject* parent = nullptr);
 
     // IMeasurementObserver
     void OnMeasurementTransferred(MesswertData current, MesswertData previous) override;
@@ -29,6 +31,10 @@ public:
     /// In digits; not a number before the first transfer and when there was no weight.
     double grossDigits() const { return m_grossDigits; }
     double tareDigits() const { return m_tareDigits; }
+
+signals:
+    /// The registers were told, which is the last that a plug-in tells of a transfer.
+    void registersRead();
 
 private:
     HostCallLog& m_calls;

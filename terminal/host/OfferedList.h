@@ -37,6 +37,8 @@ public:
                         m_entries.end());
     }
 
+    void clear() { m_entries.clear(); }
+
     QList<Interface*> list() const
     {
         QList<Interface*> list;

@@ -4,7 +4,7 @@
 
 #include "IProtocolMenuFactory.h"
 
-#include <QCoreApplication>
+#include <QtGlobal>
 
 namespace Brimvale
 {
@@ -12,23 +12,24 @@ namespace Terminal
 {
 
 class HostCallLog;
-class Notices;
+class Protocol;
 
-/// Makes protocol menus. This terminal prints no protocols yet: it makes none (null), and a notice says so.
+/// Makes protocol menus: see ProtocolMenu. The number and the flag are recorded and change nothing.
 class ProtocolMenuFactory : public IProtocolMenuFactory
 {
-    Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::ProtocolMenuFactory)
-
 public:
-    ProtocolMenuFactory(HostCallLog& calls, Notices& notices);
+    explicit ProtocolMenuFactory(HostCallLog& calls);
     Q_DISABLE_COPY(ProtocolMenuFactory)
+
+    /// Sets the protocol that the menus show; not owned. Without one there is no menu.
+    void setProtocol(Protocol* protocol) { m_protocol = protocol; }
 
     // IProtocolMenuFactory
     IMenuList* CreateProtocolMenu(QString name, int number, bool flag) override;
 
 private:
     HostCallLog& m_calls;
-    Notices& m_notices;
+    Protocol* m_protocol = nullptr;
 };
 
 } // namespace Terminal

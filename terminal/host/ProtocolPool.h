@@ -6,6 +6,7 @@
 #include "host/OfferedList.h"
 
 #include <QList>
+#include <QObject>
 
 namespace Brimvale
 {
@@ -14,13 +15,14 @@ namespace Terminal
 
 class HostCallLog;
 
-/// The print items and triggers that plug-ins offer, in the order in which they came. This terminal prints no
-/// protocols yet: they are kept and can be listed.
-class ProtocolPool : public IProtocolPool
+/// The print items and triggers that plug-ins offer, in the order in which they came.
+class ProtocolPool : public QObject, public IProtocolPool
 {
-public:
-    explicit ProtocolPool(HostCallLog& calls);
+    Q_OBJECT
     Q_DISABLE_COPY(ProtocolPool)
+
+public:
+    explicit ProtocolPool(HostCallLog& calls, QObject* parent = nullptr);
 
     // IProtocolPool
     void AddItem(IPrintableItem* item) override;
@@ -30,6 +32,13 @@ public:
 
     QList<IPrintableItem*> items() const { return m_items.list(); }
     QList<ITrigger*> triggers() const { return m_triggers.list(); }
+
+    /// Forgets everything: the plug-in has gone without withdrawing it.
+    void clear();
+
+signals:
+    /// Something was offered or withdrawn. What is destroyed leaves without it.
+    void changed();
 
 private:
     HostCallLog& m_calls;

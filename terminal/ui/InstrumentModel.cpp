@@ -50,6 +50,11 @@ ActionListModel* InstrumentModel::actions()
     return &m_actions;
 }
 
+ProtocolModel* InstrumentModel::protocol()
+{
+    return &m_protocol;
+}
+
 ActionListModel* InstrumentModel::hostActions()
 {
     return &m_hostActions;

@@ -3,6 +3,7 @@
 #define BRIMVALE_INSTRUMENTMODEL_H
 
 #include "ActionListModel.h"
+#include "ProtocolModel.h"
 
 #include <QList>
 #include <QObject>
@@ -49,6 +50,8 @@ class InstrumentModel : public QObject
     Q_PROPERTY(Brimvale::Terminal::ActionListModel* actions READ actions CONSTANT)
     /// Buttons of the terminal itself (zero, tare), shown while no plug-in is active. Constant; its rows change.
     Q_PROPERTY(Brimvale::Terminal::ActionListModel* hostActions READ hostActions CONSTANT)
+    /// The protocol menu. Constant; what it holds changes.
+    Q_PROPERTY(Brimvale::Terminal::ProtocolModel* protocol READ protocol CONSTANT)
     /// Whether the print button can be pressed.
     Q_PROPERTY(bool printEnabled READ printEnabled WRITE setPrintEnabled NOTIFY printEnabledChanged)
 
@@ -114,6 +117,7 @@ public:
     QObject* warnings() const;
     ActionListModel* actions();
     ActionListModel* hostActions();
+    ProtocolModel* protocol();
     bool printEnabled() const;
     QVariantList plugins() const;
     QString activePluginName() const;
@@ -213,6 +217,7 @@ private:
     Watched m_warnings;
     ActionListModel m_actions;
     ActionListModel m_hostActions;
+    ProtocolModel m_protocol;
     bool m_printEnabled = false;
     QVector<PluginEntry> m_plugins;
     QUrl m_pluginScreen;

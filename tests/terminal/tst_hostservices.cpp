@@ -46,7 +46,7 @@ private slots:
 
     void menuFilesAreNotAvailable();
     void workflowsAreNotAvailable();
-    void protocolsAreNotAvailable();
+    void protocolMenusAreMade();
     void addonsAreNotAvailable();
     void stepFunctionsAreKept();
     void approvedModes();
@@ -423,13 +423,13 @@ void tst_HostServices::workflowsAreNotAvailable()
                           QStringLiteral("IWfM::Reset()")}));
 }
 
-void tst_HostServices::protocolsAreNotAvailable()
+void tst_HostServices::protocolMenusAreMade()
 {
-    QVERIFY(system().GetProtocolMenuFactory()->CreateProtocolMenu(QStringLiteral("Print-outs"), 1, true)
-            == nullptr);
-    QCOMPARE(m_fixture->notices,
-             QStringList{QStringLiteral("warning: Protocols are not available on this terminal "
-                                        "yet: there is no protocol menu \"Print-outs\".")});
+    const std::unique_ptr<IMenuList> menu(
+        system().GetProtocolMenuFactory()->CreateProtocolMenu(QStringLiteral("Print-outs"), 1, true));
+    QVERIFY(menu != nullptr);
+    QCOMPARE(menu->GetMenuName(), QStringLiteral("Print-outs"));
+    QCOMPARE(m_fixture->notices, QStringList());
     QCOMPARE(host().calls().calls().last(),
              QStringLiteral("IProtocolMenuFactory::CreateProtocolMenu(\"Print-outs\", 1, true)"));
 }

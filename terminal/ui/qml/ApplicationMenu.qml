@@ -2,7 +2,7 @@
 import QtQuick 2.15
 import "."
 
-// The list from which the person chooses the application. It lies over the application area, so that no part of the
+// The list from which the person chooses the application, and below it the key of the protocol menu. It lies over the application area, so that no part of the
 // weight is hidden: a weight with its first figures covered is a wrong weight. A tap elsewhere closes it.
 Item {
     id: menu
@@ -18,7 +18,8 @@ Item {
     Rectangle {
         y: Theme.statusHeight + Theme.displayHeight
         width: parent.width
-        height: Math.min(Theme.applicationHeight, Math.ceil(list.count / 3) * list.cellHeight + Theme.unit)
+        height: Math.min(Theme.applicationHeight,
+                         Math.ceil(list.count / 3) * list.cellHeight + protocolKey.height + 2 * Theme.unit)
         color: Theme.frame
 
         GridView {
@@ -27,6 +28,7 @@ Item {
             anchors.fill: parent
             anchors.leftMargin: Theme.unit
             anchors.topMargin: Theme.unit
+            anchors.bottomMargin: protocolKey.height + Theme.unit
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             cellWidth: Math.floor(width / 3)
@@ -59,6 +61,42 @@ Item {
         }
         ScrollMark {
             target: list
+        }
+
+        Rectangle {
+            id: protocolKey
+            objectName: "protocolKey"
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.margins: Theme.unit
+            height: 56
+            radius: Theme.radius
+            color: protocolArea.pressed ? Theme.keyPressed : "transparent"
+            border.color: Theme.frameLine
+
+            Icon {
+                x: 20
+                anchors.verticalCenter: parent.verticalCenter
+                name: "print"
+                size: 28
+                color: Theme.frameInk
+            }
+            Text {
+                x: 60
+                anchors.verticalCenter: parent.verticalCenter
+                text: qsTr("Protocol…")
+                font.pixelSize: Theme.titleSize
+                color: Theme.frameInk
+            }
+            MouseArea {
+                id: protocolArea
+                anchors.fill: parent
+                onClicked: {
+                    menu.visible = false
+                    instrument.protocol.open = true
+                }
+            }
         }
     }
 }

@@ -65,6 +65,10 @@ Rectangle {
             y: Theme.screenHeight - Theme.actionBarHeight - height - 12
             width: parent.width - 32
         }
+        ProtocolMenu {
+            objectName: "protocolMenu"
+            anchors.fill: parent
+        }
         ApplicationMenu {
             id: menu
             objectName: "applicationMenu"

@@ -16,7 +16,6 @@ Rectangle {
         height: parent.height
         space: 36
         reachBelow: Theme.unit
-        enabled: instrument.plugins.length > 0
         picture: instrument.activePluginIcon
         text: instrument.pluginActive ? instrument.activePluginName : qsTr("No application")
         textColor: instrument.pluginActive ? Theme.frameInk : Theme.frameInkSoft
@@ -24,7 +23,6 @@ Rectangle {
         onClicked: line.applicationsRequested()
 
         Icon {
-            visible: parent.enabled
             anchors.right: parent.right
             anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter

@@ -25,6 +25,13 @@
     </message>
 </context>
 <context>
+    <name>ApplicationMenu</name>
+    <message>
+        <source>Protocol…</source>
+        <translation>Protokoll…</translation>
+    </message>
+</context>
+<context>
     <name>Bench</name>
     <message>
         <source>Plug-in faults</source>
@@ -104,6 +111,36 @@
     <message>
         <source>Calibration due</source>
         <translation>Kalibrierung fällig</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::PrintItemCurrentMeasurement</name>
+    <message>
+        <source>Current measurement</source>
+        <translation>Aktuelle Messung</translation>
+    </message>
+    <message>
+        <source>Measurement</source>
+        <translation>Messung</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::PrintableItemBase</name>
+    <message>
+        <source>Measurement</source>
+        <translation>Messung</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Application</source>
+        <translation>Anwendung</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
     </message>
 </context>
 <context>
@@ -264,6 +301,13 @@
     <message>
         <source>No data for %1 s.</source>
         <translation>Seit %1 s keine Daten.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::LoadChangeTrigger</name>
+    <message>
+        <source>Change of load</source>
+        <translation>Laständerung</translation>
     </message>
 </context>
 <context>
@@ -617,10 +661,128 @@
     </message>
 </context>
 <context>
-    <name>Brimvale::Terminal::ProtocolMenuFactory</name>
+    <name>Brimvale::Terminal::Protocol</name>
     <message>
-        <source>Protocols are not available on this terminal yet: there is no protocol menu &quot;%1&quot;.</source>
-        <translation>Protokolle gibt es auf diesem Terminal noch nicht: Es gibt kein Protokollmenü &quot;%1&quot;.</translation>
+        <source>Print key</source>
+        <translation>Drucktaste</translation>
+    </message>
+    <message>
+        <source>A trigger of the application could not be asked: %1</source>
+        <translation>Ein Auslöser der Anwendung konnte nicht befragt werden: %1</translation>
+    </message>
+    <message>
+        <source>Single weighing</source>
+        <translation>Einzelwägung</translation>
+    </message>
+    <message>
+        <source>Series</source>
+        <translation>Serie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Zusammenfassung</translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation>Kalibrierung</translation>
+    </message>
+    <message>
+        <source>Guided procedure</source>
+        <translation>Geführter Ablauf</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>Header</source>
+        <translation>Kopf</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>Footer</source>
+        <translation>Fuß</translation>
+    </message>
+    <message>
+        <source>SICS answer</source>
+        <translation>SICS-Antwort</translation>
+    </message>
+    <message>
+        <source>a protocol is being printed already.</source>
+        <translation>Es wird bereits ein Protokoll gedruckt.</translation>
+    </message>
+    <message>
+        <source>there is no printer.</source>
+        <translation>Es gibt keinen Drucker.</translation>
+    </message>
+    <message>
+        <source>no items are chosen for it. Choose them in the protocol menu.</source>
+        <translation>Dafür sind keine Einträge gewählt. Wählen Sie sie im Protokollmenü.</translation>
+    </message>
+    <message>
+        <source>Nothing was printed: %1</source>
+        <translation>Es wurde nichts gedruckt: %1</translation>
+    </message>
+    <message>
+        <source>none of the chosen items is offered for &quot;%1&quot;, &quot;%2&quot;. Choose others in the protocol menu.</source>
+        <translation>Keiner der gewählten Einträge wird für &quot;%1&quot;, &quot;%2&quot; angeboten. Wählen Sie andere im Protokollmenü.</translation>
+    </message>
+    <message>
+        <source>the chosen items are empty.</source>
+        <translation>Die gewählten Einträge sind leer.</translation>
+    </message>
+    <message>
+        <source>The protocol was not printed: %1</source>
+        <translation>Das Protokoll wurde nicht gedruckt: %1</translation>
+    </message>
+    <message>
+        <source>A trigger of the application failed: %1</source>
+        <translation>Ein Auslöser der Anwendung ist fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no value yet.</source>
+        <translation>&quot;%1&quot; hat noch keinen Wert.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::ProtocolMenu</name>
+    <message>
+        <source>Protocol</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Part</source>
+        <translation>Teil</translation>
+    </message>
+    <message>
+        <source>Printed at</source>
+        <translation>Druckt bei</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::ProtocolPrinter</name>
+    <message>
+        <source>A print item of the application could not be asked: %1</source>
+        <translation>Ein Druckeintrag der Anwendung konnte nicht befragt werden: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was withdrawn while the protocol was printed.</source>
+        <translation>&quot;%1&quot; wurde zurückgezogen, während das Protokoll gedruckt wurde.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; failed: %2</source>
+        <translation>&quot;%1&quot; ist fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; could not be printed.</source>
+        <translation>&quot;%1&quot; konnte nicht gedruckt werden.</translation>
     </message>
 </context>
 <context>
@@ -734,6 +896,10 @@
         <source>PT</source>
         <translation>PT</translation>
     </message>
+    <message>
+        <source>Not offered: %1</source>
+        <translation>Nicht angeboten: %1</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::SicsServer</name>
@@ -823,6 +989,25 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::TerminalItems</name>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>Bediener</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Seriennummer</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::TraceSource</name>
     <message>
         <source>Recording %1</source>
@@ -905,6 +1090,33 @@
     <message>
         <source>COARSE</source>
         <translation>GROB</translation>
+    </message>
+</context>
+<context>
+    <name>ProtocolMenu</name>
+    <message>
+        <source>There is nothing to print in this part.</source>
+        <translation>In diesem Teil gibt es nichts zu drucken.</translation>
+    </message>
+    <message>
+        <source>Kind of protocol</source>
+        <translation>Art des Protokolls</translation>
+    </message>
+    <message>
+        <source>Part of the print-out</source>
+        <translation>Teil des Ausdrucks</translation>
+    </message>
+    <message>
+        <source>Started by</source>
+        <translation>Start durch</translation>
+    </message>
+    <message>
+        <source>%1 of %2 chosen</source>
+        <translation>%1 von %2 gewählt</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
     </message>
 </context>
 <context>
