@@ -15,10 +15,11 @@ public:
     /// The registers of a weighing.
     enum Register
     {
-        GrossRegister = 72,     ///< gross value
-        TareRegister = 73,      ///< tare value
-        CurrentRegister = 74,   ///< current (net) value
-        UpperLimitRegister = 90 ///< upper limit of values: the capacity of the scale
+        GrossRegister = 72,   ///< gross value
+        TareRegister = 73,    ///< tare value
+        CurrentRegister = 74, ///< current (net) value
+        UpperLimitRegister =
+            90 ///< upper limit of values: the capacity of the scale, 999999999 when it is not known
     };
 
     virtual ~ISystemRegister();

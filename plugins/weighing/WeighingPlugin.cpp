@@ -26,6 +26,9 @@ namespace
 const QLatin1String SettingsPath("weighing");
 const QLatin1String SettingsProfileName("system");
 
+// In the register of the upper limit.
+constexpr double UnknownLimit = 999999999.0;
+
 QString withUnit(const MesswertData& reading)
 {
     return reading.errorText.isEmpty() ? reading.messwert + QLatin1Char(' ') + reading.unit
@@ -224,8 +227,10 @@ void WeighingPlugin::showReading(MesswertData current)
 
     const double limit = m_system->GetSystemRegister()->GetRegisterValue(ISystemRegister::UpperLimitRegister);
     const double load = m_system->GetSystemRegister()->GetRegisterValue(ISystemRegister::GrossRegister);
-    const bool known = gross.isValid && limit > 0.0;
-    info->setBargraphValue(known ? qFloor(qBound(0.0, load / limit, 1.0) * 100.0) : 0);
+    const bool isLimitKnown = limit > 0.0 && limit < UnknownLimit;
+    info->setBargraphVisible(isLimitKnown);
+    info->setBargraphValue(gross.isValid && isLimitKnown ? qFloor(qBound(0.0, load / limit, 1.0) * 100.0)
+                                                         : 0);
 
     m_grossItem->setItemValue(withUnit(gross));
     m_grossItem->setIsItemValueInvalid(!gross.isValid);

@@ -51,6 +51,8 @@ private slots:
     void publishesViewModelAndScreen();
     void offersItsActionsInOrder();
     void followsTheWeight();
+    void showsBarGraphOnlyWithAKnownCapacity_data();
+    void showsBarGraphOnlyWithAKnownCapacity();
     void showsGrossWhileThereIsATare();
     void showsWhatIsWrongInsteadOfAWeight();
     void actionsReachTheScale_data();
@@ -156,6 +158,30 @@ void TestWeighingPlugin::followsTheWeight()
     QCOMPARE(display()->property("messwert").toString(), QStringLiteral("500.0"));
     QCOMPARE(display()->property("stabilityValue").toInt(), 0);
     QCOMPARE(display()->property("bargraphValue").toInt(), 25);
+}
+
+void TestWeighingPlugin::showsBarGraphOnlyWithAKnownCapacity_data()
+{
+    QTest::addColumn<double>("limit");
+    QTest::addColumn<bool>("isVisible");
+    QTest::addColumn<int>("value");
+    QTest::newRow("known") << 20000.0 << true << 25;
+    QTest::newRow("not known") << 999999999.0 << false << 0;
+    QTest::newRow("not given") << 0.0 << false << 0;
+}
+
+void TestWeighingPlugin::showsBarGraphOnlyWithAKnownCapacity()
+{
+    QFETCH(double, limit);
+    start();
+    m_host->setRegister(ISystemRegister::UpperLimitRegister, 20000.0);
+    weigh(reading(500.0));
+    m_host->setRegister(ISystemRegister::UpperLimitRegister, limit);
+    m_host->setRegister(Gross, reading(500.0));
+    m_host->setRegister(Gross, 5000.0);
+    weigh(reading(500.0));
+    QTEST(display()->property("bargraphVisible").toBool(), "isVisible");
+    QTEST(display()->property("bargraphValue").toInt(), "value");
 }
 
 void TestWeighingPlugin::showsGrossWhileThereIsATare()
