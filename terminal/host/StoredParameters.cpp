@@ -2,6 +2,7 @@
 #include "host/StoredParameters.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStringList>
 
@@ -45,7 +46,9 @@ StoredParameters::StoredParameters(const QString& file)
     m_settings->setIniCodec("UTF-8");
     m_settings->sync();
     m_settings->allKeys(); // sections are parsed when they are needed, and not before is an error noticed
-    if (m_settings->status() != QSettings::NoError) {
+    // The folder takes the lock, and the new file that replaces the old one.
+    if (m_settings->status() != QSettings::NoError || !m_settings->isWritable()
+        || !QFileInfo(QFileInfo(file).absolutePath()).isWritable()) {
         m_error = errorText(*m_settings);
     }
 }

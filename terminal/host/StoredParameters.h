@@ -18,7 +18,8 @@ namespace Terminal
 ///
 /// They are kept in an INI file (UTF-8) with the key `<owner>/<profile>/<menu file>/<index>`, the owner being
 /// the section, or in memory when there is no file name. A value is written to the file when it is set. A
-/// file that cannot be read is never written, so that nothing in it is lost; see error().
+/// file that cannot be read is never written, so that nothing in it is lost, and one that cannot be written is found at
+/// once; see error().
 class StoredParameters
 {
 public:
@@ -27,7 +28,7 @@ public:
     ~StoredParameters();
     Q_DISABLE_COPY(StoredParameters)
 
-    /// Why the file could not be read, with what to do about it; empty when it could or need not.
+    /// Why the file could not be read, or could not be written later, with what to do about it; empty when it could or need not.
     QString error() const { return m_error; }
 
     /// The stored value, or @p defaultValue when none is stored.

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "SessionFixture.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QQuickItem>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -58,6 +62,7 @@ private slots:
     void languageOfTheCommandLine();
     void languageIsKept();
     void nothingIsStoredWithoutASettingsFile();
+    void settingsFileThatCannotBeUsed_data();
     void settingsFileThatCannotBeUsed();
     void transferLogThatCannotBeWritten();
     void transferLog();
@@ -532,10 +537,29 @@ void TestSession::nothingIsStoredWithoutASettingsFile()
     QVERIFY(QDir(folder.path()).isEmpty());
 }
 
+void TestSession::settingsFileThatCannotBeUsed_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a folder is no file") << QString();
+    QTest::newRow("a file is no folder") << QStringLiteral("/file/terminal.ini");
+    QTest::newRow("a new file in a folder that is not written") << QStringLiteral("/read only/new.ini");
+    QTest::newRow("a file in a folder that is not written") << QStringLiteral("/read only/terminal.ini");
+}
+
 void TestSession::settingsFileThatCannotBeUsed()
 {
+    QFETCH(QString, name);
     QTemporaryDir folder;
-    m_fixture->options.settings = folder.path(); // a folder is no file
+    const QString readOnly = folder.filePath(QStringLiteral("read only"));
+    QVERIFY(QDir().mkdir(readOnly));
+    for (const char* file : {"/file", "/read only/terminal.ini"})
+        QVERIFY(QFile(folder.path() + QLatin1String(file)).open(QIODevice::WriteOnly));
+    QVERIFY(QFile::setPermissions(readOnly, QFile::ReadOwner | QFile::ExeOwner));
+    const auto writable = qScopeGuard(
+        [&] { QFile::setPermissions(readOnly, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); });
+    if (name.startsWith(QLatin1String("/read only")) && QFileInfo(readOnly).isWritable())
+        QSKIP("this user may write into every folder");
+    m_fixture->options.settings = folder.path() + name;
     m_fixture->log = std::make_unique<LogOutput>(QsLogging::OffLevel);
     Session session(m_fixture->options, m_fixture->clock, std::make_unique<SimulatedSource>(m_fixture->clock),
                     *m_fixture->log);
