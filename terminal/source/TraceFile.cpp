@@ -198,6 +198,16 @@ std::optional<TraceFile> TraceFile::parse(QIODevice& device, const QString& name
                          QString::number(static_cast<double>(trace.m_samples.last().timeMs) / 1000.0, 'f',
                                          3)));
         }
+        // Time without a reading is computed as well, second by second.
+        const qint64 previousMs = trace.m_samples.isEmpty() ? 0 : trace.m_samples.last().timeMs;
+        if (timeMs - previousMs > MaximumGapSeconds * qint64(1000)) {
+            return fail(
+                Texts::tr(
+                    "there is no reading between %1 s and %2 s, which is more than a day; the times are "
+                    "seconds since the start of the recording: subtract what is too much.")
+                    .arg(QString::number(static_cast<double>(previousMs) / 1000.0, 'f', 3),
+                         QString::fromLatin1(fields.at(0).trimmed())));
+        }
         if (trace.m_samples.size() >= MaximumSamples) {
             return fail(Texts::tr("there are more than %1 readings; cut the recording into parts.")
                             .arg(MaximumSamples));

@@ -16,7 +16,8 @@ namespace Terminal
 
 /// A recorded weighing: a text file (UTF-8, lines ended by LF or CR LF) whose first line is "time_s,weight_g"
 /// and whose other lines are a time in seconds since the start of the recording and a weight in grams, both
-/// plain decimal numbers with a point. The times never go backwards; two readings may bear the same time.
+/// plain decimal numbers with a point. The times never go backwards; two readings may bear the same time. No reading is
+/// more than MaximumGapSeconds after the one before, the first after the start, since that time would be replayed.
 /// Blank lines are allowed at the end only.
 class TraceFile
 {
@@ -28,6 +29,7 @@ public:
     };
 
     static constexpr double MaximumSeconds = 1.0e8; ///< Some three years.
+    static constexpr int MaximumGapSeconds = 86400;
     static constexpr double MaximumGrams = 1.0e9;
 
     /// Reads the file @p fileName. On failure nothing is returned and @p error tells the file, the line, what

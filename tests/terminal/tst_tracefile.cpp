@@ -87,7 +87,10 @@ void tst_TraceFile::accepts_data()
     QTest::newRow("signs") << header + "+0.1,-2.5\n0.2,+2.5\n" << 2;
     QTest::newRow("whole numbers") << header + "0,0\n1,5\n" << 2;
     QTest::newRow("many digits in a time") << header + "0.30000000000000004,5\n" << 1;
-    QTest::newRow("latest time") << header + "100000000,5\n" << 1;
+    QByteArray days = header;
+    for (int day = 1; day <= 1157; ++day)
+        days += QByteArray::number(day * 86400) + ",5\n";
+    QTest::newRow("a day between readings, latest time") << days + "100000000,5\n" << 1158;
     QTest::newRow("largest weights") << header + "0,1000000000\n1,-1000000000\n" << 2;
 }
 
@@ -206,6 +209,14 @@ void tst_TraceFile::refuses_data()
         "run.csv:2: the time \"-0.1\" is out of range; it must lie between 0 and 100000000 seconds.");
     row("time too late", header + "100000001,2.5\n",
         "run.csv:2: the time \"100000001\" is out of range; it must lie between 0 and 100000000 seconds.");
+    row("start of the recording is not 0", header + "90000000,5\n",
+        "run.csv:2: there is no reading between 0.000 s and 90000000 s, which is more than a day; the times "
+        "are "
+        "seconds since the start of the recording: subtract what is too much.");
+    row("more than a day without a reading", header + "0.5,5\n86400.501,5\n",
+        "run.csv:3: there is no reading between 0.500 s and 86400.501 s, which is more than a day; the times "
+        "are "
+        "seconds since the start of the recording: subtract what is too much.");
     row("weight too large", header + "0.1,1000000001\n",
         "run.csv:2: the weight \"1000000001\" is out of range; it must lie between -1000000000 and "
         "1000000000 grams.");

@@ -1312,5 +1312,9 @@
         <source>there are no readings after the header; add lines such as &quot;0.250,12.5&quot;.</source>
         <translation>nach der Kopfzeile folgen keine Messwerte; fügen Sie Zeilen wie &quot;0.250,12.5&quot; an.</translation>
     </message>
+    <message>
+        <source>there is no reading between %1 s and %2 s, which is more than a day; the times are seconds since the start of the recording: subtract what is too much.</source>
+        <translation>zwischen %1 s und %2 s liegt kein Messwert, mehr als einen Tag lang; die Zeiten sind Sekunden seit Beginn der Aufzeichnung: ziehen Sie ab, was zu viel ist.</translation>
+    </message>
 </context>
 </TS>
