@@ -123,7 +123,7 @@ IFormat* RecordingHost::formatter() const
 
 IMenuList* RecordingHost::protocolMenu() const
 {
-    return &m_objects->services.protocolMenu;
+    return m_objects->services.protocolMenuFactory.newest();
 }
 
 IPluginManager* RecordingHost::pluginManager() const

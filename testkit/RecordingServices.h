@@ -48,7 +48,9 @@
 #include <QMap>
 #include <QPointer>
 
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace Brimvale::TestKit
 {
@@ -433,23 +435,68 @@ public:
     }
 };
 
+/// Makes the protocol menus, each of which the caller owns. What no caller has deleted goes with the factory.
 class RecordingProtocolMenuFactory : public IProtocolMenuFactory, private RecordingObject
 {
 public:
-    RecordingProtocolMenuFactory(CallRecorder& recorder, IMenuList& menu)
-        : RecordingObject(recorder)
-        , m_menu(menu)
+    using RecordingObject::RecordingObject;
+
+    ~RecordingProtocolMenuFactory() override
     {
+        while (!m_menus.empty()) {
+            delete m_menus.back();
+        }
     }
 
     IMenuList* CreateProtocolMenu(QString name, int number, bool flag) override
     {
-        return m_recorder.callOr<IMenuList*>(&m_menu, "IProtocolMenuFactory::CreateProtocolMenu", name,
-                                             number, flag);
+        if (m_handedOut) {
+            makeMenu();
+        }
+        IMenuList* const menu = newest();
+        IMenuList* const answer = m_recorder.callOr<IMenuList*>(
+            menu, "IProtocolMenuFactory::CreateProtocolMenu", name, number, flag);
+        m_handedOut = answer == menu;
+        return answer;
+    }
+
+    /// The menu that was handed out last, or the one that will be.
+    IMenuList* newest()
+    {
+        if (m_menus.empty()) {
+            makeMenu();
+        }
+        return m_menus.back();
     }
 
 private:
-    IMenuList& m_menu;
+    class Menu : public RecordingMenuList
+    {
+    public:
+        Menu(CallRecorder& recorder, RecordingProtocolMenuFactory& factory)
+            : RecordingMenuList(recorder, "IMenuList#protocol")
+            , m_factory(factory)
+        {
+            m_factory.m_menus.push_back(this);
+        }
+        ~Menu() override
+        {
+            m_factory.m_menus.erase(std::find(m_factory.m_menus.begin(), m_factory.m_menus.end(), this));
+        }
+        Q_DISABLE_COPY(Menu)
+
+    private:
+        RecordingProtocolMenuFactory& m_factory;
+    };
+
+    void makeMenu()
+    {
+        new Menu(m_recorder, *this); // enters itself
+        m_handedOut = false;
+    }
+
+    std::vector<Menu*> m_menus;
+    bool m_handedOut = false;
 };
 
 class RecordingProtocolPool : public IProtocolPool, private RecordingObject
@@ -649,8 +696,7 @@ struct RecordingServices
         , pluginController(*recorder)
         , pluginHost(*recorder)
         , printIndicator(*recorder)
-        , protocolMenu(*recorder, "IMenuList#protocol")
-        , protocolMenuFactory(*recorder, protocolMenu)
+        , protocolMenuFactory(*recorder)
         , protocolPool(*recorder)
         , rangeSwitch(*recorder)
         , registerValueProvider(*recorder)
@@ -679,7 +725,6 @@ struct RecordingServices
     RecordingPluginController pluginController;
     RecordingPluginHost pluginHost;
     RecordingPrintIndicator printIndicator;
-    RecordingMenuList protocolMenu;
     RecordingProtocolMenuFactory protocolMenuFactory;
     RecordingProtocolPool protocolPool;
     RecordingRangeSwitch rangeSwitch;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "WeighingPlugin.h"
 
+#include "WeighingProtocol.h"
 #include "WeighingViewManager.h"
 
 #include <QtMath>
@@ -9,6 +10,7 @@
 #include <ActionBaseToggle.h>
 #include <IActionbar.h>
 #include <IInfobox.h>
+#include <IMenuList.h>
 #include <IRegisterValueProvider.h>
 #include <IStatusInfo.h>
 #include <ISystem.h>
@@ -37,10 +39,13 @@ QString withUnit(const MesswertData& reading)
 
 } // namespace
 
+WeighingPlugin::WeighingPlugin() = default;
+
 WeighingPlugin::~WeighingPlugin()
 {
-    // The base makes the settings profile but leaves it to the plug-in.
+    // The base makes the settings profile and asks the host for the protocol menu, but leaves both to the plug-in.
     delete m_settingsProfile;
+    delete m_protocolMenu;
 }
 
 // Identity ---------------------------------------------------------------------------------------------------------
@@ -50,6 +55,8 @@ void WeighingPlugin::FillPluginId(PluginId& id)
     id.identifier = QStringLiteral("weighing");
     id.kind = QStringLiteral("plugin");
     id.addonNumber = 1;
+    id.hasProtocol = true;
+    id.protocolName = tr("Print-outs");
     id.checkPrintOnClose = true;
     id.usesCalibrationService = true;
     id.usesLevellingService = true;
@@ -103,8 +110,11 @@ bool WeighingPlugin::PostInitPlugin()
                                                             QStringLiteral("true"), PrintOnlyStable);
     const QString minimum = m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName,
                                                          QStringLiteral("0"), MinimumWeight);
+    const QString place =
+        m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName, QString(), WeighingPlace);
     SetProfileItem(PrintOnlyStable, onlyStable == QLatin1String("true"), QString());
     SetProfileItem(MinimumWeight, minimum.toDouble(), QString());
+    SetProfileItem(WeighingPlace, place, QString());
     return true;
 }
 
@@ -117,6 +127,9 @@ void WeighingPlugin::ApplyProfileItem(int id, QVariant value)
     case MinimumWeight:
         m_minimumWeight = qMax(0.0, value.toDouble());
         break;
+    case WeighingPlace:
+        m_weighingPlace = value.toString();
+        break;
     default:
         return;
     }
@@ -125,6 +138,9 @@ void WeighingPlugin::ApplyProfileItem(int id, QVariant value)
 
 void WeighingPlugin::showSettings()
 {
+    if (m_protocol) {
+        m_protocol->setSettings(m_weighingPlace, m_minimumWeight);
+    }
     if (m_weighingModel == nullptr) {
         return; // not started: the start shows what is in force
     }
@@ -154,6 +170,21 @@ bool WeighingPlugin::PreStartPlugin()
     m_countItem = new InfoboxListItem(m_pluginObject, QString(), QString(), QString(), false, true, false);
     translateTexts();
     return true;
+}
+
+void WeighingPlugin::InitPluginProtocolItems()
+{
+    m_protocol = std::make_unique<WeighingProtocol>(m_system, &m_current);
+}
+
+void WeighingPlugin::AddToPoolPluginProtocolItems()
+{
+    m_protocol->addToPool();
+}
+
+void WeighingPlugin::RemoveFromPoolPluginProtocolItems()
+{
+    m_protocol->removeFromPool();
 }
 
 void WeighingPlugin::InitActionbar()
@@ -196,10 +227,10 @@ bool WeighingPlugin::PreClosePlugin()
 
 void WeighingPlugin::onNewMeasurementValue()
 {
-    const MesswertData current = readRegister(ISystemRegister::CurrentRegister);
-    showReading(current);
+    m_current = readRegister(ISystemRegister::CurrentRegister);
+    showReading(m_current);
     if (m_printRequested) {
-        servePrintRequest(current);
+        servePrintRequest(m_current);
     }
 }
 
@@ -254,9 +285,10 @@ void WeighingPlugin::servePrintRequest(const MesswertData& current)
         m_weighingModel->setPrintState(WeighingViewModel::BelowMinimum);
         return;
     }
-    MeasurementDatatransfer(current, m_previous); // takes the request with it
-    m_previous = current;
     ++m_transferCount;
+    m_protocol->setWeighing(m_transferCount, m_previous); // the host prints within the transfer
+    MeasurementDatatransfer(current, m_previous);         // takes the request with it
+    m_previous = current;
     m_countItem->setItemValue(QString::number(m_transferCount));
     m_weighingModel->setLastTransfer(withUnit(current), m_transferCount);
     m_weighingModel->setPrintState(WeighingViewModel::Printed);
@@ -273,7 +305,11 @@ QVariant WeighingPlugin::onZero(QVariant data)
 QVariant WeighingPlugin::onTare(QVariant data)
 {
     Q_UNUSED(data)
-    return m_system->GetWeighing()->Tare();
+    const bool done = m_system->GetWeighing()->Tare();
+    if (done) {
+        m_protocol->tareTaken();
+    }
+    return done;
 }
 
 QVariant WeighingPlugin::onClearTare(QVariant data)
@@ -312,6 +348,7 @@ void WeighingPlugin::translateTexts()
     m_tareItem->setItemValueTitle(tr("Tare weight"));
     m_countItem->setItemValueTitle(tr("Printed"));
     m_countItem->setItemValue(QString::number(m_transferCount));
+    m_protocol->translate();
 }
 
 // Helpers ----------------------------------------------------------------------------------------------------------

@@ -8,6 +8,7 @@
 
 #include <MesswertData.h>
 #include <PluginBase.h>
+#include <memory>
 
 namespace Brimvale
 {
@@ -15,6 +16,8 @@ class ActionBase;
 class ActionBaseToggle;
 class InfoboxListItem;
 } // namespace Brimvale
+
+class WeighingProtocol;
 
 /// Plain weighing: shows the weight, tares, sets zero, and prints on request.
 class WeighingPlugin : public Brimvale::PluginBase
@@ -27,8 +30,11 @@ public:
     enum Setting
     {
         PrintOnlyStable = 1, ///< bool: a print request waits for a stable weight
-        MinimumWeight = 2    ///< double, in grams: a smaller weight is not printed
+        MinimumWeight = 2,   ///< double, in grams: a smaller weight is not printed
+        WeighingPlace = 3    ///< text: where is weighed, for the head of print-outs
     };
+
+    WeighingPlugin();
 
     ~WeighingPlugin() override;
 
@@ -52,6 +58,9 @@ protected:
 
     bool PostInitPlugin() override;
     bool PreStartPlugin() override;
+    void InitPluginProtocolItems() override;
+    void AddToPoolPluginProtocolItems() override;
+    void RemoveFromPoolPluginProtocolItems() override;
     void InitActionbar() override;
     bool PostStartPlugin() override;
     bool PreClosePlugin() override;
@@ -77,8 +86,11 @@ private:
 
     bool m_printOnlyStable = true;
     double m_minimumWeight = 0.0;
+    QString m_weighingPlace;
+    Brimvale::MesswertData m_current; ///< The last reading, which print items read.
     Brimvale::MesswertData m_previous;
     int m_transferCount = 0;
+    std::unique_ptr<WeighingProtocol> m_protocol; ///< From the initialisation on.
 
     // What lives from start to close: null in between, unlike the base's own pointers. The base deletes the view model,
     // and m_pluginObject with all the others.

@@ -36,6 +36,77 @@
         <source>Printed</source>
         <translation>Gedruckt</translation>
     </message>
+    <message>
+        <source>Print-outs</source>
+        <translation>Ausdrucke</translation>
+    </message>
+</context>
+<context>
+    <name>WeighingProtocol</name>
+    <message>
+        <source>Weighing</source>
+        <translation>Wägen</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Weighing record</source>
+        <translation>Wägeprotokoll</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Gross</source>
+        <translation>Brutto</translation>
+    </message>
+    <message>
+        <source>Tare weight</source>
+        <translation>Taragewicht</translation>
+    </message>
+    <message>
+        <source>Net</source>
+        <translation>Netto</translation>
+    </message>
+    <message>
+        <source>Capacity</source>
+        <translation>Höchstlast</translation>
+    </message>
+    <message>
+        <source>digits</source>
+        <translation>Digits</translation>
+    </message>
+    <message>
+        <source>Measurement</source>
+        <translation>Messung</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Unterschrift</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Taring</source>
+        <translation>Tarieren</translation>
+    </message>
+    <message>
+        <source>Weighing no.</source>
+        <translation>Wägung Nr.</translation>
+    </message>
+    <message>
+        <source>Previous weighing</source>
+        <translation>Vorige Wägung</translation>
+    </message>
+    <message>
+        <source>Minimum weight</source>
+        <translation>Mindestgewicht</translation>
+    </message>
 </context>
 <context>
     <name>WeighingScreen</name>

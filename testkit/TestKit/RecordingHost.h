@@ -104,7 +104,8 @@ public:
     IApprovedMode* approvedMode() const;
     IPrinter* printer() const;
     IFormat* formatter() const;
-    IMenuList* protocolMenu() const; ///< what the protocol menu factory answers
+    /// What the protocol menu factory answered last, or will answer; the plug-in that asked for it owns it.
+    IMenuList* protocolMenu() const;
     IPluginManager* pluginManager() const;
     IInfosectionItemProvider* infosectionItem() const;
     /// @}

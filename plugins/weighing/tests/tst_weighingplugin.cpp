@@ -6,7 +6,9 @@
 
 #include <ActionBaseToggle.h>
 #include <IAction.h>
+#include <IPrintableItem.h>
 #include <ISystemRegister.h>
+#include <ITrigger.h>
 #include <InfoboxListItem.h>
 #include <TestKit/RecordingHost.h>
 
@@ -71,6 +73,15 @@ private slots:
     void takesEverythingBackAtTheClose();
     void startsAgainAfterTheClose();
     void speaksGerman();
+    void offersItsPrintItems_data();
+    void offersItsPrintItems();
+    void printItemsPrint_data();
+    void printItemsPrint();
+    void answersOnTheDataInterface();
+    void printsWhatIsTransferred();
+    void printItemsSpeakGerman();
+    void taringFiresTheTrigger();
+    void ownsTheProtocolMenu();
 
 private:
     void start();
@@ -79,6 +90,8 @@ private:
     QVariant property(const char* name) const { return model()->property(name); }
     QObject* display() const { return property("messwertInfo").value<QObject*>(); }
     IAction* action(const QString& uid) const;
+    IPrintableItem* item(const QString& uid) const;
+    QStringList print(const QString& uid);
 
     std::unique_ptr<TestKit::RecordingHost> m_host;
     std::unique_ptr<WeighingPlugin> m_plugin;
@@ -118,6 +131,30 @@ IAction* TestWeighingPlugin::action(const QString& uid) const
         }
     }
     return nullptr;
+}
+
+IPrintableItem* TestWeighingPlugin::item(const QString& uid) const
+{
+    const QList<IPrintableItem*> items = m_host->printItems();
+    for (IPrintableItem* item : items) {
+        if (item->getUId() == QLatin1String("weighing.") + uid) {
+            return item;
+        }
+    }
+    return nullptr;
+}
+
+/// What the item asks of formatter and printer, layouts and results left out.
+QStringList TestWeighingPlugin::print(const QString& uid)
+{
+    IPrintableItem* const printed = item(uid);
+    if (printed == nullptr) {
+        return QStringList(QStringLiteral("there is no such item"));
+    }
+    printed->setValue();
+    m_host->clearCalls();
+    printed->Print(m_host->printer(), m_host->formatter());
+    return m_host->callsTo("IFormat");
 }
 
 void TestWeighingPlugin::publishesViewModelAndScreen()
@@ -422,6 +459,189 @@ void TestWeighingPlugin::speaksGerman()
     QCOMPARE(untranslated, QStringLiteral("Weighing"));
     QCOMPARE(key, QStringLiteral("Tara löschen"));
     QCOMPARE(title, QStringLiteral("Brutto"));
+}
+
+void TestWeighingPlugin::offersItsPrintItems_data()
+{
+    QTest::addColumn<QString>("uid");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("category");
+    QTest::addColumn<int>("rank");
+    QTest::addColumn<int>("area");
+    const int header = int(ProtocolArea::Header);
+    const int body = int(ProtocolArea::Body);
+    const int footer = int(ProtocolArea::Footer);
+    const int sics = int(ProtocolArea::Sics);
+    QTest::newRow("title") << "1title"
+                           << "Title"
+                           << "Weighing" << 0 << header;
+    QTest::newRow("place") << "2place"
+                           << "Place"
+                           << "Weighing" << 0 << header;
+    QTest::newRow("current") << "1current"
+                             << "Current measurement"
+                             << "Measurement" << 2 << body;
+    QTest::newRow("gross") << "2gross"
+                           << "Gross"
+                           << "Measurement" << 2 << body;
+    QTest::newRow("tare") << "3tare"
+                          << "Tare weight"
+                          << "Measurement" << 2 << body;
+    QTest::newRow("net") << "4net"
+                         << "Net"
+                         << "Measurement" << 2 << body;
+    QTest::newRow("number") << "5number"
+                            << "Weighing no."
+                            << "Weighing" << 3 << body;
+    QTest::newRow("previous") << "6previous"
+                              << "Previous weighing"
+                              << "Weighing" << 3 << body;
+    QTest::newRow("minimum") << "7minimum"
+                             << "Minimum weight"
+                             << "Weighing" << 3 << body;
+    QTest::newRow("capacity") << "8capacity"
+                              << "Capacity"
+                              << "Weighing" << 10 << body;
+    QTest::newRow("signature") << "9signature"
+                               << "Signature"
+                               << "General" << 7 << footer;
+    QTest::newRow("SICS answer") << "sics"
+                                 << "Current measurement"
+                                 << "Measurement" << 2 << sics;
+}
+
+void TestWeighingPlugin::offersItsPrintItems()
+{
+    QFETCH(QString, uid);
+    QFETCH(int, area);
+    QVERIFY(m_host->printItems().isEmpty()); // from start to close only
+    start();
+    QCOMPARE(m_host->printItems().size(), 12);
+    const IPrintableItem* const offered = item(uid);
+    QVERIFY(offered != nullptr);
+    QTEST(offered->getName(), "name");
+    QTEST(offered->getCategory(), "category");
+    QTEST(offered->getRank(), "rank");
+    for (const ProtocolArea each :
+         {ProtocolArea::Header, ProtocolArea::Body, ProtocolArea::Footer, ProtocolArea::Sics}) {
+        QCOMPARE(offered->isAvailableIn(each), int(each) == area);
+    }
+    QVERIFY(offered->isEnabled(ProtocolType::Measurement | ProtocolType::Series));
+    QVERIFY(!offered->isEnabled(ProtocolType::Calibration));
+    QVERIFY(m_host->close(*m_plugin));
+    QVERIFY(m_host->printItems().isEmpty());
+    QVERIFY(m_host->triggers().isEmpty());
+}
+
+void TestWeighingPlugin::printItemsPrint_data()
+{
+    QTest::addColumn<QString>("uid");
+    QTest::addColumn<QString>("call"); ///< The last call of the formatter.
+    QTest::newRow("title") << "1title"
+                           << R"(IFormat::FormatText(0, "Weighing record"))";
+    QTest::newRow("place") << "2place"
+                           << R"(IFormat::FormatDescriptionText(0, "Place", "-"))";
+    QTest::newRow("number") << "5number"
+                            << R"(IFormat::FormatNameValueUnit(0, "Weighing no.", "0", ""))";
+    QTest::newRow("minimum") << "7minimum"
+                             << R"(IFormat::FormatNameValueUnit(0, "Minimum weight", "0", "g"))";
+    QTest::newRow("capacity") << "8capacity"
+                              << R"(IFormat::FormatDescriptionText(0, "Capacity", "60000 digits"))";
+    QTest::newRow("signature") << "9signature"
+                               << R"(IFormat::FormatDescriptionText(0, "Signature", "______________"))";
+    // A record that nobody fills comes back as it was; the two flag bytes are set by the items of registers.
+    QTest::newRow("gross") << "2gross"
+                           << R"(IFormat::FormatNameValue(0, "Gross", FormattedValue(valueMark=32), false))";
+    QTest::newRow("tare")
+        << "3tare"
+        << R"(IFormat::FormatNameValue(0, "Tare weight", FormattedValue(valueMark=32), false))";
+    QTest::newRow("net") << "4net"
+                         << R"(IFormat::FormatNameValue(0, "Net", FormattedValue(valueMark=32), false))";
+    QTest::newRow("current")
+        << "1current"
+        << R"(IFormat::FormatNameValue(0, "Current measurement", FormattedValue(), false))";
+    QTest::newRow("previous")
+        << "6previous"
+        << R"(IFormat::FormatNameValue(0, "Previous weighing", FormattedValue(), false))";
+}
+
+void TestWeighingPlugin::printItemsPrint()
+{
+    QFETCH(QString, uid);
+    m_host->setRegister(ISystemRegister::UpperLimitRegister, 60000.0);
+    start();
+    const QStringList calls = print(uid);
+    QVERIFY(!calls.isEmpty());
+    QTEST(calls.last(), "call");
+    QCOMPARE(m_host->callsTo("IPrinter::PrintLine").size(), 1);
+}
+
+void TestWeighingPlugin::answersOnTheDataInterface()
+{
+    start();
+    weigh(reading(36.4));
+    const QStringList calls = print(QStringLiteral("sics"));
+    QCOMPARE(calls.size(), 2);
+    QVERIFY2(calls.first().contains(QStringLiteral("messwert=\"36.4\"")), qPrintable(calls.first()));
+    QVERIFY2(calls.last().startsWith(QStringLiteral("IFormat::FormatValue(0, ")), qPrintable(calls.last()));
+}
+
+void TestWeighingPlugin::printsWhatIsTransferred()
+{
+    start();
+    weigh(reading(100.0));
+    QVERIFY(m_host->pressPrint(*m_plugin));
+    weigh(reading(200.0));
+    QVERIFY(m_host->pressPrint(*m_plugin));
+    QCOMPARE(print(QStringLiteral("5number")).last(),
+             QStringLiteral(R"(IFormat::FormatNameValueUnit(0, "Weighing no.", "2", ""))"));
+    QVERIFY(print(QStringLiteral("6previous")).first().contains(QStringLiteral("messwert=\"100.0\"")));
+    QVERIFY(print(QStringLiteral("1current")).first().contains(QStringLiteral("messwert=\"200.0\"")));
+}
+
+void TestWeighingPlugin::printItemsSpeakGerman()
+{
+    QTranslator german;
+    QVERIFY(german.load(QStringLiteral(WEIGHING_TRANSLATION)));
+    start();
+    QVERIFY(QCoreApplication::installTranslator(&german));
+    m_plugin->TranslateWarnInfo(); // the items stay, their texts change
+    const QString title = print(QStringLiteral("1title")).last();
+    const QString gross = print(QStringLiteral("2gross")).last();
+    const QString number = print(QStringLiteral("5number")).last();
+    const QString trigger = m_host->triggers().first()->getName();
+    QVERIFY(QCoreApplication::removeTranslator(&german));
+    QCOMPARE(title, QStringLiteral(R"(IFormat::FormatText(0, "Wägeprotokoll"))"));
+    QVERIFY2(gross.contains(QStringLiteral("\"Brutto\"")), qPrintable(gross));
+    QVERIFY2(number.contains(QStringLiteral("\"Wägung Nr.\"")), qPrintable(number));
+    QCOMPARE(trigger, QStringLiteral("Tarieren"));
+}
+
+void TestWeighingPlugin::taringFiresTheTrigger()
+{
+    start();
+    QCOMPARE(m_host->triggers().size(), 1);
+    QObject* const trigger = dynamic_cast<QObject*>(m_host->triggers().first());
+    QSignalSpy fired(trigger, SIGNAL(notifyTriggered(QString)));
+    m_host->answer("IWeighing::Tare", false);
+    QVERIFY(m_host->pressAction("weighing.tare"));
+    QCOMPARE(fired.count(), 0);
+    m_host->answer("IWeighing::Tare", true);
+    QVERIFY(m_host->pressAction("weighing.tare"));
+    QCOMPARE(fired.count(), 1);
+    QCOMPARE(fired.first().first().toString(), QStringLiteral("weighing.tare"));
+}
+
+void TestWeighingPlugin::ownsTheProtocolMenu()
+{
+    QCOMPARE(m_plugin->GetProtocolMenu(), m_host->protocolMenu());
+    QCOMPARE(
+        m_host->callsTo("IProtocolMenuFactory"),
+        QStringList(QStringLiteral("IProtocolMenuFactory::CreateProtocolMenu(\"Print-outs\", 0, false)")));
+    // With the plug-in its menu goes: the next plug-in gets another, and nothing is deleted twice.
+    m_plugin = std::make_unique<WeighingPlugin>();
+    QVERIFY(m_host->init(*m_plugin));
+    QCOMPARE(m_plugin->GetProtocolMenu(), m_host->protocolMenu());
 }
 
 QTEST_GUILESS_MAIN(TestWeighingPlugin)
