@@ -9,6 +9,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+// The icons of plug-ins are SVG pictures. Their reader is a plug-in of Qt's, found at run time: linking its library would
+// bring that of the widgets along.
+#if defined(QT_SVG_LIB) || defined(QT_WIDGETS_LIB)
+#error "the terminal links libraries that it does not use"
+#endif
+
 using namespace Brimvale;
 using namespace Brimvale::Terminal;
 
@@ -28,6 +34,7 @@ private slots:
     void pictureShowsTheStateAtTheCall();
     void pictureWaitsForWhatStillLoads();
     void pictureThatCannotBeWrittenIsAnError();
+    void svgPicturesAreRead();
 
     // The screens of plug-ins.
     void screenFillsTheApplicationArea();
@@ -850,6 +857,15 @@ void tst_TerminalWindow::languageIsSwitchedAtRunTime()
     // A text that the application gives goes before the terminal's own.
     m_terminal->display.setNetText(QStringLiteral("Net"));
     QCOMPARE(m_terminal->textOf(QStringLiteral("netMark")), QStringLiteral("Net"));
+}
+
+void tst_TerminalWindow::svgPicturesAreRead()
+{
+    const QByteArray svg(R"(<svg xmlns="http://www.w3.org/2000/svg" width="8" height="8">)"
+                         R"(<rect width="8" height="8" fill="#ff0000"/></svg>)");
+    const QImage image = QImage::fromData(svg, "svg");
+    QVERIFY2(!image.isNull(), "the package libqt5svg5 is missing");
+    QCOMPARE(image.pixelColor(4, 4), QColor(Qt::red));
 }
 
 QTEST_MAIN(tst_TerminalWindow)
