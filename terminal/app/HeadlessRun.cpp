@@ -188,6 +188,12 @@ int runHeadless(Session& session, TimeDriver& driver, const Script* script)
         weigh(session, driver);
 
     if (!driver.isInterrupted()) {
+        // A script says itself what it expects.
+        if (!script && options.source.isLive() && !session.hasScaleAnswered()) {
+            printError(QStringLiteral("nothing has come from the scale, %1: %2")
+                           .arg(session.source().description(), session.scale().statusDetail()));
+            ok = false;
+        }
         printLine(QStringLiteral("readings: %1").arg(session.readings()));
         printLine(QStringLiteral("display: %1").arg(session.display().line()));
         if (!options.screenshot.isEmpty()) {

@@ -234,7 +234,7 @@ int runTerminal(int argc, char** argv)
     QGuiApplication::setApplicationName(QStringLiteral("brimvale-terminal"));
     QGuiApplication::setApplicationVersion(QStringLiteral(BRIMVALE_TERMINAL_VERSION));
     if (options.source.isLive() && !timeAndSource.make(options))
-        return ExitWrongUse;
+        return ExitFailed;
 
     LogOutput log(options.logLevel);
     TerminationSignals terminationSignals;

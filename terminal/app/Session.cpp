@@ -162,7 +162,10 @@ Session::~Session()
 
 void Session::connectScale()
 {
-    connect(m_source.get(), &WeightSource::reading, this, [this] { ++m_readings; });
+    connect(m_source.get(), &WeightSource::reading, this, [this](const Reading& reading) {
+        ++m_readings;
+        m_scaleAnswered = m_scaleAnswered || reading.status != Reading::Status::Disconnected;
+    });
     connect(m_source.get(), &WeightSource::finished, this, [this] { m_sourceFinished = true; });
     connect(&m_scale, &Scale::newMeasurement, this, &Session::logStatus);
     connect(&m_scale, &Scale::newMeasurement, this, &Session::updateDisplay);

@@ -86,6 +86,8 @@ public:
     DisplayText display() const { return DisplayText::of(m_instrument); }
     /// Readings that the source has delivered.
     quint64 readings() const { return m_readings; }
+    /// Whether the scale has ever sent anything.
+    bool hasScaleAnswered() const { return m_scaleAnswered; }
     /// The source has come to its end.
     bool isSourceFinished() const { return m_sourceFinished; }
     /// The last transferred measurement as text; empty: there was none.
@@ -160,6 +162,7 @@ private:
     QString m_lastTransfer;
     bool m_lastTransferTaken = false;
     quint64 m_readings = 0;
+    bool m_scaleAnswered = false;
     std::optional<Reading::Status> m_loggedStatus;
     QString m_loggedDetail;
     bool m_sourceFinished = false;

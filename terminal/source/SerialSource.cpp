@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "source/SerialSource.h"
 
+#include <QFile>
+
+#include <sys/stat.h>
+
 namespace Brimvale
 {
 namespace Terminal
@@ -15,6 +19,19 @@ SerialSource::SerialSource(Clock& clock, const QString& device, int baud, const 
 }
 
 SerialSource::~SerialSource() = default;
+
+QString SerialSource::faultOf(const QString& device)
+{
+    // A name without a path is one of /dev, as for QSerialPort.
+    const bool isPath = device.startsWith(QLatin1Char('/')) || device.startsWith(QLatin1String("./"))
+                        || device.startsWith(QLatin1String("../"));
+    struct stat status;
+    if (::stat(QFile::encodeName(isPath ? device : QStringLiteral("/dev/") + device).constData(), &status)
+            != 0
+        || S_ISCHR(status.st_mode))
+        return QString();
+    return S_ISDIR(status.st_mode) ? tr("this is a folder and no serial port") : tr("this is no serial port");
+}
 
 QString SerialSource::description() const
 {

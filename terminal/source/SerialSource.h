@@ -21,6 +21,10 @@ class SerialSource : public LineSource
 public:
     static constexpr int DefaultBaud = 9600;
 
+    /// Why @p device can never be a serial port: it is there, but something else. Empty for a port, and for a device
+    /// that is not there: an adapter may be plugged in later.
+    static QString faultOf(const QString& device);
+
     /// @param clock  stamps the readings; not owned, must outlive the source.
     /// @param device the device file ("/dev/ttyUSB0") or the port's name ("ttyUSB0").
     SerialSource(Clock& clock, const QString& device, int baud = DefaultBaud,

@@ -166,6 +166,14 @@ std::unique_ptr<WeightSource> createSource(const SourceSpec& spec, Clock& clock,
     }
     case SourceSpec::Kind::Tcp:
     case SourceSpec::Kind::Serial: {
+        const QString fault =
+            spec.kind == SourceSpec::Kind::Serial ? SerialSource::faultOf(spec.device) : QString();
+        if (!fault.isEmpty()) {
+            if (error)
+                *error = Texts::tr("Weight source \"serial:%1\": %2. Give a device such as /dev/ttyUSB0.")
+                             .arg(spec.device, fault);
+            return nullptr;
+        }
         LineSourceSettings settings = options.lines;
         if (options.readability)
             settings.readability = options.readability;

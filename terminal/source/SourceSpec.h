@@ -54,7 +54,7 @@ struct SourceOptions
     LineSourceSettings lines;               ///< Its readability gives way to the one above.
 };
 
-/// Makes the source, not started. @p clock must outlive it. On failure (a recording that cannot be read) null
+/// Makes the source, not started. @p clock must outlive it. On failure (a recording that cannot be read, a device that is no serial port) null
 /// is returned and @p error tells the reason as a whole message.
 std::unique_ptr<WeightSource> createSource(const SourceSpec& spec, Clock& clock, const SourceOptions& options,
                                            QString* error);

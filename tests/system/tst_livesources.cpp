@@ -88,6 +88,9 @@ private slots:
     void readabilityOfTheLines();
     void serialPort();
     void serialPortThatIsNotThere();
+    void noSerialPort_data();
+    void noSerialPort();
+    void scaleThatNeverAnswers();
 
 private:
     void startTerminal(const QString& source, const QByteArray& script);
@@ -345,6 +348,43 @@ void TestLiveSources::serialPortThatIsNotThere()
     QVERIFY(m_terminal->finish());
     COMPARE_EXIT_CODE(*m_terminal, 0);
     QVERIFY2(m_terminal->errorText().contains(QLatin1String("no-such-port")),
+             m_terminal->everything().constData());
+}
+
+void TestLiveSources::noSerialPort_data()
+{
+    QTest::addColumn<bool>("withScript");
+    QTest::newRow("for a time") << false;
+    QTest::newRow("script") << true;
+}
+
+void TestLiveSources::noSerialPort()
+{
+    QFETCH(bool, withScript);
+    if (withScript) {
+        startTerminal(QStringLiteral("serial:/tmp"), "wait 1 s\n");
+        QVERIFY(m_terminal->finish());
+    } else {
+        QVERIFY(m_terminal->run(TerminalProcess::words(
+            QStringLiteral("--headless --no-plugin --source serial:/tmp --duration 1"))));
+    }
+    COMPARE_EXIT_CODE(*m_terminal, 1);
+    QCOMPARE(m_terminal->errorText(),
+             QStringLiteral(
+                 "Weight source \"serial:/tmp\": this is a folder and no serial port. Give a device such "
+                 "as /dev/ttyUSB0.\n"));
+}
+
+void TestLiveSources::scaleThatNeverAnswers()
+{
+    QVERIFY(m_terminal->run(TerminalProcess::words(
+        QStringLiteral("--headless --no-plugin --duration 1 --source serial:/dev/no-such-port"))));
+    COMPARE_EXIT_CODE(*m_terminal, 1);
+    QVERIFY2(
+        m_terminal->errorText().contains(QLatin1String(
+            "brimvale-terminal: nothing has come from the scale, Scale at /dev/no-such-port, 9600 baud: ")),
+        m_terminal->everything().constData());
+    QVERIFY2(m_terminal->outputLines().contains(QStringLiteral("display: No connection")),
              m_terminal->everything().constData());
 }
 

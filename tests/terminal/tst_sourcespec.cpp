@@ -24,6 +24,8 @@ private slots:
     void tcp();
     void serial_data();
     void serial();
+    void noSerialPort_data();
+    void noSerialPort();
     void refuses_data();
     void refuses();
     void errorPointerMayBeNull();
@@ -117,6 +119,37 @@ void tst_SourceSpec::serial_data()
         << QStringLiteral("serial:/dev/serial/by-path/pci-0:1,2,2400")
         << QStringLiteral("/dev/serial/by-path/pci-0:1,2") << 2400;
     QTest::newRow("fastest") << QStringLiteral("serial:a,4000000") << QStringLiteral("a") << 4000000;
+}
+
+void tst_SourceSpec::noSerialPort_data()
+{
+    QTest::addColumn<QString>("device");
+    QTest::addColumn<QString>("fault");
+    QTest::newRow("folder") << QStringLiteral("/tmp")
+                            << QStringLiteral("this is a folder and no serial port");
+    QTest::newRow("folder of /dev") << QStringLiteral("pts")
+                                    << QStringLiteral("this is a folder and no serial port");
+    QTest::newRow("file") << QCoreApplication::applicationFilePath()
+                          << QStringLiteral("this is no serial port");
+    QTest::newRow("device") << QStringLiteral("/dev/null") << QString();
+    QTest::newRow("nothing yet") << QStringLiteral("/dev/no-such-port") << QString();
+}
+
+void tst_SourceSpec::noSerialPort()
+{
+    QFETCH(QString, device);
+    QFETCH(QString, fault);
+    VirtualClock clock;
+    QString error;
+    const auto spec = SourceSpec::parse(QStringLiteral("serial:") + device, &error);
+    QVERIFY2(spec, qPrintable(error));
+    const auto source = createSource(*spec, clock, SourceOptions(), &error);
+    QCOMPARE(source != nullptr, fault.isEmpty());
+    QCOMPARE(error,
+             fault.isEmpty()
+                 ? QString()
+                 : QStringLiteral("Weight source \"serial:%1\": %2. Give a device such as /dev/ttyUSB0.")
+                       .arg(device, fault));
 }
 
 void tst_SourceSpec::serial()

@@ -849,6 +849,14 @@
         <source>Scale at %1, %2 baud</source>
         <translation>Waage an %1, %2 Baud</translation>
     </message>
+    <message>
+        <source>this is a folder and no serial port</source>
+        <translation>das ist ein Ordner und keine serielle Schnittstelle</translation>
+    </message>
+    <message>
+        <source>this is no serial port</source>
+        <translation>das ist keine serielle Schnittstelle</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::Session</name>
@@ -1218,6 +1226,10 @@
     <message>
         <source>the weight has %1 decimal places, and at most %2 can be shown; round the weights or give a readability.</source>
         <translation>das Gewicht hat %1 Nachkommastellen, höchstens %2 lassen sich zeigen; runden Sie die Gewichte, oder geben Sie eine Ablesbarkeit an.</translation>
+    </message>
+    <message>
+        <source>Weight source &quot;serial:%1&quot;: %2. Give a device such as /dev/ttyUSB0.</source>
+        <translation>Gewichtsquelle „serial:%1“: %2. Nennen Sie ein Gerät wie /dev/ttyUSB0.</translation>
     </message>
 </context>
 <context>
