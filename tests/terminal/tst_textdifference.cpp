@@ -63,9 +63,9 @@ void tst_TextDifference::sideBySide_data()
         "         <\n"
         "b          b");
     row("wide characters keep the columns", "重量 12 公斤\nb\n", "重量 13 公斤\nb\n",
-        "EXPECTED     PRINTED\n"
+        "EXPECTED       PRINTED\n"
         "重量 12 公斤 ! 重量 13 公斤\n"
-        "b            b");
+        "b              b");
 }
 
 void tst_TextDifference::sideBySide()
