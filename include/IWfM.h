@@ -29,7 +29,9 @@ public:
     virtual void RemoveStepFunction(IStepFunction* function) = 0;
 
     /// Runs steps in their order. They are not owned and must live until the workflow has ended. Returns
-    /// false when one is running, the list is empty or a step names an unknown function.
+    /// false when one is running, the list is empty or a step names an unknown function. The host's object
+    /// tells of the course by the signals `NotifyWorkflowStepEntered(int stepId)` and
+    /// `NotifyWorkflowFinished(bool completed)`.
     virtual bool StartWorkflow(const QList<IWorkflowStep*>& steps) = 0;
 
     /// Abandons the running workflow and resets its functions.

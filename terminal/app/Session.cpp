@@ -128,15 +128,13 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
     // No weight yet; the bar graph is shown, everything else as readings come.
     , m_display(nullptr, QString(), QString(), true, 0, false, false, false, 0, QString(), QString(), false,
                 0, true, false, 0, QString(), QString(), QString(), 0, -1, false, false, true, false, true)
-    , m_window(m_instrument, m_bench)
+    , m_window(m_instrument, m_bench, m_workflow)
     , m_screen(m_instrument, m_window)
     , m_host(std::make_unique<Host>(m_scale, clock, m_screen, hostSettings(options)))
 {
     const QString file = settingsFile(options);
     if (!file.isEmpty())
         m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
-    if (m_settings)
-        m_host->protocol().terminalItems().setSerialNumber(m_settings->value(SerialNumberKey).toString());
     m_host->setOutput(ScreenOutputNumber, std::make_unique<ScreenOutput>());
     if (options.traceHostCalls) {
         m_host->calls().setTrace([](const QString& call) {
@@ -186,6 +184,9 @@ void Session::connectHost()
     connect(host, &Host::displayChanged, &m_instrument, &InstrumentModel::setDisplay);
     connect(host, &Host::warningsChanged, &m_instrument, &InstrumentModel::setWarnings);
     connect(host, &Host::actionsChanged, this, &Session::updateActions);
+    connect(host, &Host::workflowChanged, this, &Session::updateWorkflow);
+    connect(host, &Host::actionsChanged, this, &Session::updateWorkflow);
+    m_workflow.setProgress(&host->workflowProgress());
     connect(host, &Host::printEnabledChanged, &m_instrument, &InstrumentModel::setPrintEnabled);
     connect(host, &Host::infoItemsChanged, this, [this] { m_instrument.setInfoItems(m_host->infoItems()); });
     connect(host, &Host::levelledChanged, &m_instrument, &InstrumentModel::setLevelOk);
@@ -230,6 +231,8 @@ void Session::connectInstrument()
         // The press may close the plug-in that the button belongs to.
         m_host->pressAction(uid);
     });
+    connect(m_workflow.keys(), &ActionListModel::actionPressed, this,
+            [this](const QString& uid) { m_host->pressWorkflowKey(uid); });
     connect(m_instrument.hostActions(), &ActionListModel::actionPressed, this, &Session::pressHostAction);
     connect(&m_instrument, &InstrumentModel::printPressed, this, [this] { m_host->pressPrint(); });
     connect(&m_instrument, &InstrumentModel::pluginSelected, this, &Session::selectPlugin);
@@ -332,10 +335,11 @@ bool Session::listen(QString* error)
 {
     if (!m_options.sics)
         return true;
-    // The protocol has no answer without a serial number.
-    const QString serialNumber = m_host->protocol().terminalItems().serialNumber();
-    m_sicsScale = std::make_unique<SicsScale>(*m_host, m_scale, m_sicsFormatter,
-                                              serialNumber.isEmpty() ? QStringLiteral("0") : serialNumber);
+    // A terminal that was given no serial number.
+    QString serialNumber = QStringLiteral("0");
+    if (m_settings)
+        serialNumber = m_settings->value(SerialNumberKey, serialNumber).toString();
+    m_sicsScale = std::make_unique<SicsScale>(*m_host, m_scale, m_sicsFormatter, serialNumber);
     auto server = std::make_unique<SicsServer>(*m_sicsScale, m_clock);
     if (!server->listen(*m_options.sics, error))
         return false;
@@ -521,12 +525,20 @@ void Session::updatePlate()
 
 ActionListModel& Session::actions()
 {
+    if (m_workflow.running())
+        return *m_workflow.keys();
     return m_instrument.pluginActive() ? *m_instrument.actions() : *m_instrument.hostActions();
 }
 
 void Session::updateActions()
 {
     m_instrument.actions()->setActions(entriesOf(m_host->actions()));
+}
+
+void Session::updateWorkflow()
+{
+    m_workflow.keys()->setActions(entriesOf(m_host->workflowKeys()));
+    m_workflow.setView(m_host->workflow());
 }
 
 void Session::updateHostActions()

@@ -14,6 +14,7 @@
 #include "ui/BenchModel.h"
 #include "ui/InstrumentModel.h"
 #include "ui/TerminalWindow.h"
+#include "ui/WorkflowModel.h"
 
 #include <QObject>
 #include <QSettings>
@@ -98,7 +99,11 @@ public:
     /// An error that was expected: those that contain @p part count no more.
     void forgiveErrors(const QString& part);
 
-    /// The buttons that are offered: those of the active plug-in, or the terminal's own while there is none.
+    /// What is shown of the workflow that the active plug-in runs.
+    const WorkflowModel& workflow() const { return m_workflow; }
+
+    /// The buttons that are offered: those of a workflow that runs, else those of the active plug-in, or the terminal's
+    /// own while there is none.
     ActionListModel& actions();
 
     void setLanguage(const QString& language);
@@ -133,6 +138,7 @@ private:
     void updatePlate();
     void updateActions();
     void updateHostActions();
+    void updateWorkflow();
     void updatePlugins();
     void updateTime();
     void pressHostAction(const QString& uid);
@@ -147,6 +153,7 @@ private:
     std::unique_ptr<QSettings> m_settings; ///< Null: none are kept.
     Scale m_scale;
     InstrumentModel m_instrument;
+    WorkflowModel m_workflow;
     BenchModel m_bench;
     MesswertInfo m_display;
     TerminalWindow m_window;

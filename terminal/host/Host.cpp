@@ -72,7 +72,7 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     , m_addonHost(m_calls, m_notices)
     , m_actionBar(m_calls, m_notices, m_storedParameters)
     , m_infoBox(m_calls)
-    , m_workflowManager(m_calls, m_notices)
+    , m_workflowManager(m_calls, m_notices, clock, scale)
     , m_controller(m_calls)
     , m_sequencer(m_calls)
     , m_pluginHost(m_calls, m_addonHost, m_sequencer)
@@ -124,7 +124,8 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
         }
         m_measurementTransfer.setOutput(TransferLogTarget, std::move(log));
     }
-    m_printEnabled = m_measurementTransfer.isAnyTargetActive();
+    m_printSwitchedOn = m_measurementTransfer.isAnyTargetActive();
+    m_printEnabled = m_printSwitchedOn;
 
     connect(&m_notices, &Notices::posted, this, &Host::notice);
     connect(&m_actionBar, &ActionBar::actionsChanged, this, &Host::actionsChanged);
@@ -139,6 +140,10 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
             &Host::onTransferAvailabilityChanged);
     connect(&m_workflowManager, &WorkflowManager::printButtonEnableChanged, this,
             &Host::onPrintButtonEnableChange);
+    WorkflowRunner& workflow = m_workflowManager.runner();
+    connect(&workflow, &WorkflowRunner::changed, this, &Host::onWorkflowChanged);
+    connect(&scale, &Scale::newMeasurement, &workflow, &WorkflowRunner::onMeasurement);
+    connect(&scale, &Scale::loadChanged, &workflow, &WorkflowRunner::onStableValue);
     connect(&m_view, &ViewHost::publishedObjectsChanged, this, &Host::updateModels);
     connect(&m_plugins, &PluginManager::aboutToStart, this, &Host::onAboutToStart);
     connect(&m_plugins, &PluginManager::pluginStarted, this, &Host::updateModels);
@@ -183,12 +188,36 @@ void Host::setCalibrationDue(bool due)
     emit calibrationDueChanged(due);
 }
 
+QVector<ActionState> Host::workflowKeys() const
+{
+    const WorkflowRunner& workflow = m_workflowManager.runner();
+    QVector<ActionState> keys = workflow.keys();
+    if (workflow.isRunning() && !workflow.actionUid().isEmpty()) {
+        const QVector<ActionState> actions = m_actionBar.actions();
+        for (const ActionState& action : actions) {
+            if (action.uid == workflow.actionUid()) {
+                keys.append(action);
+            }
+        }
+    }
+    return keys;
+}
+
+bool Host::pressWorkflowKey(const QString& uid)
+{
+    WorkflowRunner& workflow = m_workflowManager.runner();
+    return workflow.press(uid)
+           || (workflow.isRunning() && uid == workflow.actionUid() && m_actionBar.press(uid));
+}
+
 bool Host::pressPrint()
 {
     if (!m_printEnabled) {
         m_notices.post(
             NoticeSeverity::Warning,
-            m_measurementTransfer.isAnyTargetActive()
+            !m_workflowManager.runner().isPrintAllowed()
+                ? tr("This step of the workflow has nothing to print.")
+            : m_measurementTransfer.isAnyTargetActive()
                 ? tr("Printing is switched off.")
                 : tr("There is no output that could take the measurement: neither a printer nor the "
                      "transfer log is connected."));
@@ -222,6 +251,7 @@ void Host::setLanguage(const QString& language)
             tr("The application failed while it was told about the calibration: %1").arg(*exception));
     }
     m_actionBar.refresh();
+    m_workflowManager.runner().refresh();
     updateProtocol();
 }
 
@@ -259,6 +289,7 @@ void Host::onReleased()
     }
     // The screen goes first: its bindings must not meet objects that are about to die.
     m_view.clear();
+    m_workflowManager.clear();
     m_actionBar.clear();
     m_infoBox.clear();
 }
@@ -333,10 +364,23 @@ void Host::onTransferAvailabilityChanged()
 
 void Host::setPrintEnabled(bool enabled)
 {
+    m_printSwitchedOn = enabled;
+    updatePrintEnabled();
+}
+
+void Host::updatePrintEnabled()
+{
+    const bool enabled = m_printSwitchedOn && m_workflowManager.runner().isPrintAllowed();
     if (m_printEnabled != enabled) {
         m_printEnabled = enabled;
         emit printEnabledChanged(enabled);
     }
+}
+
+void Host::onWorkflowChanged()
+{
+    updatePrintEnabled();
+    emit workflowChanged();
 }
 
 } // namespace Terminal

@@ -112,9 +112,13 @@ public:
 
     /// The buttons of the active plug-in from left to right.
     QVector<ActionState> actions() const { return m_actionBar.actions(); }
-    /// Whether the print button can be pressed: the transfer is switched on, an output is active, and the
-    /// plug-in has not switched its button off.
+    /// Whether the print button can be pressed: the transfer is switched on, an output is active, the plug-in
+    /// has not switched its button off, and a step of a workflow that runs allows it.
     bool isPrintEnabled() const { return m_printEnabled; }
+    /// What is shown of the workflow that the active plug-in runs, and its keys from left to right.
+    const WorkflowView& workflow() const { return m_workflowManager.runner().view(); }
+    QVector<ActionState> workflowKeys() const;
+    Progressbar& workflowProgress() { return m_workflowManager.runner().progress(); }
     /// The lines of the info area.
     QList<QObject*> infoItems() const { return m_infoBox.items(); }
     /// The display model of the active plug-in: what the property "messwertInfo" of an object that it
@@ -137,6 +141,9 @@ public:
     /// Presses a button of the action bar. Returns false when there is none of that uid or it is disabled.
     bool pressAction(const QString& uid) { return m_actionBar.press(uid); }
 
+    /// Presses a key of workflowKeys(). Returns false when there is none of that uid or it is disabled.
+    bool pressWorkflowKey(const QString& uid);
+
     /// Presses the print button. With an active plug-in its slot onDoPrint() is called; without one the
     /// terminal transfers its own reading. When the measurement has been transferred and everything that
     /// belongs to it been told, the protocol is printed, if the print key is what starts it and items are chosen
@@ -157,6 +164,8 @@ signals:
     /// Something to tell the person.
     void notice(Brimvale::Terminal::NoticeSeverity severity, const QString& text);
     void actionsChanged();
+    /// What the screen shows of a workflow, or its keys.
+    void workflowChanged();
     void printEnabledChanged(bool enabled);
     /// The print indicator lights up or goes out.
     void printIndicatorChanged(bool lit);
@@ -180,6 +189,8 @@ private:
     void updateProtocol();
     void onPrintButtonEnableChange(bool enable);
     void setPrintEnabled(bool enabled);
+    void updatePrintEnabled();
+    void onWorkflowChanged();
     void onTransferAvailabilityChanged();
     void disconnectServices(QObject* receiver);
 
@@ -217,6 +228,7 @@ private:
     WeighingParameters m_weighingParameters;
     PluginManager m_plugins;
 
+    bool m_printSwitchedOn = false; ///< By the plug-in and the outputs, whatever a workflow allows.
     bool m_printEnabled = false;
     QStringList m_setupErrors;
     QPointer<QObject> m_display;

@@ -74,6 +74,7 @@ constexpr Form FormTable[] = {
     {Kind::ExpectNoHostCall, "expect no host-call {found}", "expect no host-call IActionbar::SetEntry"},
     {Kind::ExpectHostCall, "expect host-call {found}", "expect host-call IActionbar::Refresh"},
     {Kind::ExpectInfo, "expect info {found?}", "expect info TEXT"},
+    {Kind::ExpectWorkflow, "expect workflow {found?}", "expect workflow TEXT"},
     {Kind::ExpectLog, "expect log {found}", "expect log TEXT"},
 };
 

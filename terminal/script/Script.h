@@ -57,6 +57,7 @@ struct Statement
         ExpectHostCall,           ///< text
         ExpectNoHostCall,         ///< text
         ExpectInfo,               ///< text, or none
+        ExpectWorkflow,           ///< text, or none
         ExpectLog                 ///< text
     };
 

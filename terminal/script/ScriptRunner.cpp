@@ -454,6 +454,9 @@ ScriptRunner::Outcome ScriptRunner::expect(const Statement& statement)
             lines.append(infoText(item));
         return expectPart(QStringLiteral("info"), statement, lines.join(QStringLiteral("; ")));
     }
+    case Kind::ExpectWorkflow:
+        return expectPart(QStringLiteral("workflow"), statement,
+                          m_session.workflow().texts().join(QStringLiteral("; ")));
     case Kind::ExpectHostCall:
         return expected(m_session.host().calls().contains(statement.text),
                         QStringLiteral("host call ") + quoted(statement.text),

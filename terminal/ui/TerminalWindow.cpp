@@ -3,6 +3,7 @@
 
 #include "BenchModel.h"
 #include "InstrumentModel.h"
+#include "WorkflowModel.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -94,9 +95,10 @@ bool isPending(const QQuickItem* item)
 
 } // namespace
 
-TerminalWindow::TerminalWindow(InstrumentModel& instrument, BenchModel& bench)
+TerminalWindow::TerminalWindow(InstrumentModel& instrument, BenchModel& bench, WorkflowModel& workflow)
     : m_instrument(instrument)
     , m_bench(bench)
+    , m_workflow(workflow)
 {
 }
 
@@ -137,6 +139,7 @@ bool TerminalWindow::load(QString* error)
     connect(m_engine.get(), &QQmlEngine::warnings, this, &TerminalWindow::onQmlWarnings);
     m_engine->rootContext()->setContextProperty(QStringLiteral("instrument"), &m_instrument);
     m_engine->rootContext()->setContextProperty(QStringLiteral("bench"), &m_bench);
+    m_engine->rootContext()->setContextProperty(QStringLiteral("workflow"), &m_workflow);
 
     followLanguage();
     if (!createRootItem(error)) {

@@ -30,10 +30,11 @@ namespace Terminal
 
 class BenchModel;
 class InstrumentModel;
+class WorkflowModel;
 
 /// The terminal's window: the screen of 1024 x 600 and, beside it, the bench.
 ///
-/// It shows an InstrumentModel and a BenchModel, which must outlive it, loads the screen of the active plug-in into
+/// It shows an InstrumentModel, a BenchModel and a WorkflowModel, which must outlive it, loads the screen of the active plug-in into
 /// the application area, and follows the language. It works attended and headless: on the platform "offscreen" no
 /// window appears, and grab() renders on its own. A QGuiApplication must exist.
 ///
@@ -45,7 +46,7 @@ class TerminalWindow : public QObject
     Q_DISABLE_COPY(TerminalWindow)
 
 public:
-    TerminalWindow(InstrumentModel& instrument, BenchModel& bench);
+    TerminalWindow(InstrumentModel& instrument, BenchModel& bench, WorkflowModel& workflow);
     ~TerminalWindow() override;
 
     /// Loads the terminal's own screen, and that of the active plug-in if one is set. To be called once, before any
@@ -130,6 +131,7 @@ private:
 
     InstrumentModel& m_instrument;
     BenchModel& m_bench;
+    WorkflowModel& m_workflow;
     bool m_benchVisible = true;
     bool m_animationsEnabled = true;
     QStringList m_qmlWarnings;

@@ -40,6 +40,14 @@ public:
 public Q_SLOTS:
     void onPrintButtonEnableChange(bool enable);
 
+Q_SIGNALS:
+    // Never sent by itself: a test emits them as the terminal would.
+
+    /// The step with that `stepId()` was entered.
+    void NotifyWorkflowStepEntered(int stepId);
+    /// The workflow has ended, after its last step (`completed`) or abandoned.
+    void NotifyWorkflowFinished(bool completed);
+
 private:
     std::shared_ptr<CallRecorder> m_recorder;
     std::unique_ptr<HandedOver<IStepFunction>> m_stepFunctions;

@@ -8,6 +8,7 @@
 #include "ui/BenchModel.h"
 #include "ui/InstrumentModel.h"
 #include "ui/TerminalWindow.h"
+#include "ui/WorkflowModel.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>
@@ -101,7 +102,8 @@ struct TerminalFixture
                                    true};
     Brimvale::WarnInfo warnings{nullptr, QStringLiteral("Levelling required"), QString(), false, false};
     StandIn standIn;
-    Brimvale::Terminal::TerminalWindow window{instrument, bench};
+    Brimvale::Terminal::WorkflowModel workflow;
+    Brimvale::Terminal::TerminalWindow window{instrument, bench, workflow};
 
     TerminalFixture()
     {

@@ -45,7 +45,7 @@ private slots:
     void rangeSwitch();
 
     void menuFilesAreNotAvailable();
-    void workflowsAreNotAvailable();
+    void workflowCallsAreRecorded();
     void protocolMenusAreMade();
     void addonsAreNotAvailable();
     void stepFunctionsAreKept();
@@ -411,11 +411,10 @@ void tst_HostServices::menuFilesAreNotAvailable()
     QCOMPARE(m_fixture->notices, (QStringList{notice, notice}));
 }
 
-void tst_HostServices::workflowsAreNotAvailable()
+void tst_HostServices::workflowCallsAreRecorded()
 {
     QVERIFY(!system().GetWorkflowManager()->StartWorkflow({nullptr}));
-    QCOMPARE(m_fixture->notices,
-             QStringList{QStringLiteral("warning: Workflows are not available on this terminal yet.")});
+    QCOMPARE(m_fixture->notices, QStringList{QStringLiteral("warning: Step 1 of the workflow is missing.")});
     system().GetWorkflowManager()->AbortWorkflow();
     system().GetWorkflowManager()->Reset();
     QCOMPARE(host().calls().calls().filter(QStringLiteral("IWfM")),

@@ -93,6 +93,7 @@ void TestScript::statement_data()
     QTest::newRow("expect host-call IWeighing::Tare()") << int(Kind::ExpectHostCall);
     QTest::newRow("expect no host-call IWeighing::Tare()") << int(Kind::ExpectNoHostCall);
     QTest::newRow("expect info Gross") << int(Kind::ExpectInfo);
+    QTest::newRow("expect workflow Put on") << int(Kind::ExpectWorkflow);
     QTest::newRow("expect log Start application") << int(Kind::ExpectLog);
 }
 

@@ -172,6 +172,7 @@ void TestScriptRunner::notMet_data()
         "a.script:3: expected transfer \"0.1 g\", but it is \"0.0 g\"");
     row("host call", "expect host-call IWeighing::Tare",
         "a.script:1: expected host call \"IWeighing::Tare\", but there was none at all");
+    row("workflow", "expect workflow Put", "a.script:1: expected workflow with \"Put\", but there is none");
     row("info", "expect info Gross", "a.script:1: expected info with \"Gross\", but there is none");
     row("log", "expect log Nobody writes this",
         "a.script:1: expected a log line with \"Nobody writes this\", but there is none (the log level may "

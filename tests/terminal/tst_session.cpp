@@ -62,7 +62,6 @@ private slots:
     void languageOfTheCommandLine();
     void languageIsKept();
     void nothingIsStoredWithoutASettingsFile();
-    void serialNumberOfTheSettings();
     void settingsFileThatCannotBeUsed_data();
     void settingsFileThatCannotBeUsed();
     void transferLogThatCannotBeWritten();
@@ -536,17 +535,6 @@ void TestSession::nothingIsStoredWithoutASettingsFile()
     session().shutDown();
     m_fixture = std::make_unique<SessionFixture>();
     QVERIFY(QDir(folder.path()).isEmpty());
-}
-
-void TestSession::serialNumberOfTheSettings()
-{
-    QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("terminal.ini"));
-    QSettings(file, QSettings::IniFormat)
-        .setValue(QStringLiteral("terminal/serialNumber"), QStringLiteral("B-1042"));
-    m_fixture->options.settings = file;
-    m_fixture->start();
-    QCOMPARE(session().host().protocol().terminalItems().serialNumber(), QStringLiteral("B-1042"));
 }
 
 void TestSession::settingsFileThatCannotBeUsed_data()

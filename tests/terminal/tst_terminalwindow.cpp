@@ -121,7 +121,8 @@ void tst_TerminalWindow::nothingIsThereBeforeLoad()
 {
     InstrumentModel instrument;
     BenchModel bench;
-    TerminalWindow window(instrument, bench);
+    WorkflowModel workflow;
+    TerminalWindow window(instrument, bench, workflow);
     QVERIFY(!window.engine());
     QVERIFY(!window.rootItem());
     QVERIFY(!window.window());

@@ -2,6 +2,8 @@
 //
 // Shows the terminal in every state that a person meets and takes a picture of each. Set BRIMVALE_PICTURES to a
 // directory to keep the pictures and look at them.
+#include "InfoValueUnit.h"
+#include "Progressbar.h"
 #include "TerminalFixture.h"
 
 #include <QDir>
@@ -54,6 +56,33 @@ void figures(TerminalFixture& terminal)
     };
     terminal.standIn.m_figures = {figure("Items", "12"), figure("Total", "15 412.8 g"),
                                   figure("Mean", "1284.4 g")};
+}
+
+WorkflowView showWorkflow(TerminalFixture& terminal, WorkflowView::ScreenType type)
+{
+    terminal.startApplication();
+    auto* const marks = new QList<QObject*>;
+    auto* const progress = new Progressbar(&terminal.standIn, *marks, 0, true);
+    QObject::connect(progress, &QObject::destroyed, progress, [marks] { delete marks; });
+    progress->setSteps(5);
+    progress->setStepDone(0, true);
+    progress->setStepDone(1, true);
+    terminal.workflow.setProgress(progress);
+    WorkflowView view;
+    view.running = true;
+    view.screenType = type;
+    view.title = QStringLiteral("Weigh in");
+    view.lines =
+        QStringList{QStringLiteral("Add 125.0 g of wheat flour"),
+                    QStringLiteral("Within 2 %: 122.5 g to 127.5 g"), QStringLiteral("Charge 4711, silo 3")};
+    view.waiting = QStringLiteral("Waiting for a stable weight");
+    terminal.workflow.setView(view);
+    terminal.workflow.keys()->setActions({{WorkflowRunner::backKey(), QStringLiteral("Back")},
+                                          {WorkflowRunner::repeatKey(), QStringLiteral("Repeat"), false},
+                                          {WorkflowRunner::continueKey(), QStringLiteral("Take over")},
+                                          {WorkflowRunner::abortKey(), QStringLiteral("Abort")},
+                                          {QStringLiteral("tare"), QStringLiteral("Tare")}});
+    return view;
 }
 
 } // namespace
@@ -198,7 +227,6 @@ void tst_UiPictures::state_data()
             {{QStringLiteral("a"), QStringLiteral("Checkweighing with tolerance bands and statistics"),
               QString(), true}});
         terminal.instrument.setStatusText(QStringLiteral("Supervisor"));
-        terminal.instrument.setSicsClients(32);
         terminal.instrument.setSourceText(QStringLiteral("serial:/dev/serial/by-id/usb-converter,9600"));
         terminal.display.setMesswert(QStringLiteral("-12345678.90"));
         terminal.display.setUnit(QStringLiteral("tola"));
@@ -253,6 +281,39 @@ void tst_UiPictures::state_data()
         terminal.bench.setPage(QStringLiteral("printer"));
         terminal.startApplication();
     });
+    row("workflow-step",
+        names({"workflowPanel", "workflowProgress", "workflowLine1", "workflowLine2", "workflowState",
+               "action:workflow.continue", "action:workflow.abort", "infoArea"}),
+        [](TerminalFixture& terminal) {
+            showWorkflow(terminal, WorkflowView::Full);
+            terminal.instrument.setInfoItems(infoItems(&terminal.standIn));
+        });
+    row("workflow-result",
+        names({"workflowPanel", "workflowImage", "workflowResult1", "workflowResult2", "workflowAuxiliary"}),
+        [](TerminalFixture& terminal) {
+            WorkflowView view = showWorkflow(terminal, WorkflowView::Full);
+            view.image = QStringLiteral(TERMINAL_TEST_DATA "/vessel.svg");
+            view.waiting.clear();
+            view.auxiliaryOn = true;
+            view.result1 = new InfoValueUnit(&terminal.standIn, true, QStringLiteral("Weighed in"),
+                                             QStringLiteral("125.4"), QStringLiteral("g"));
+            view.result2 = new InfoValueUnit(&terminal.standIn, true, QStringLiteral("Deviation"),
+                                             QStringLiteral("+0.3"), QStringLiteral("%"));
+            terminal.workflow.setView(view);
+        });
+    row("workflow-fault", names({"workflowPanel", "workflowState", "action:workflow.repeat"}),
+        [](TerminalFixture& terminal) {
+            WorkflowView view = showWorkflow(terminal, WorkflowView::Full);
+            view.fault =
+                QStringLiteral("\"Weigh in\" has not finished after 60 s. It may still do so; otherwise "
+                               "repeat it or abort.");
+            terminal.workflow.setView(view);
+        });
+    row("workflow-band", names({"workflowPanel", "workflowLine1", "workflowState", "pluginArea"}),
+        [](TerminalFixture& terminal) {
+            figures(terminal);
+            showWorkflow(terminal, WorkflowView::Band);
+        });
     row("without-bench", names({"value"}), [](TerminalFixture& terminal) {
         figures(terminal);
         terminal.window.setBenchVisible(false);

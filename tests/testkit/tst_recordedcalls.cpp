@@ -545,6 +545,8 @@ void TestRecordedCalls::slotOfTheWorkflowManagerIsKnownByName()
     RecordingHost host;
     const QMetaObject* const metaObject = host.workflowManager()->metaObject();
     QVERIFY(metaObject->indexOfSlot("onPrintButtonEnableChange(bool)") >= 0);
+    QVERIFY(metaObject->indexOfSignal("NotifyWorkflowStepEntered(int)") >= 0);
+    QVERIFY(metaObject->indexOfSignal("NotifyWorkflowFinished(bool)") >= 0);
 }
 
 void TestRecordedCalls::signalsAreKnownByName_data()

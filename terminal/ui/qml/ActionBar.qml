@@ -2,12 +2,13 @@
 import QtQuick 2.15
 import "."
 
-// The keys of the active application, or those of the terminal while none is active. Seven fit; if there are more,
+// The keys of a workflow that runs, else those of the active application, or those of the terminal while none is active. Seven fit; if there are more,
 // the seventh place turns the page. The print key has its own place.
 Rectangle {
     id: bar
 
-    readonly property QtObject actions: instrument.pluginActive ? instrument.actions : instrument.hostActions
+    readonly property QtObject actions: workflow.running ? workflow.keys
+                                                         : instrument.pluginActive ? instrument.actions : instrument.hostActions
     readonly property int places: 7
     readonly property bool paged: actions.count > places
     readonly property int pageSize: paged ? places - 1 : places

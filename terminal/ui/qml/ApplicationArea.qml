@@ -9,6 +9,7 @@ Rectangle {
     // Why the screen could not be loaded; empty when it was, or when there is none.
     property string screenErrors
     readonly property bool infoShown: instrument.infoItems.length > 0
+    readonly property int bandHeight: workflow.running && workflow.band ? 72 : 0
     readonly property bool faulty: screenErrors.length > 0
     readonly property bool faultsShown: !instrument.pluginActive && bench.pluginFaults.length > 0
 
@@ -16,8 +17,9 @@ Rectangle {
 
     Item {
         objectName: "pluginArea"
+        y: area.bandHeight
         width: parent.width - (area.infoShown ? Theme.infoWidth : 0)
-        height: parent.height
+        height: parent.height - area.bandHeight
         clip: true
     }
 
@@ -56,6 +58,13 @@ Rectangle {
         anchors.fill: parent
         title: qsTr("No application is loaded")
         faults: area.faultsShown ? bench.pluginFaults : []
+    }
+
+    WorkflowPanel {
+        objectName: "workflowPanel"
+        visible: workflow.running
+        width: parent.width - (area.infoShown ? Theme.infoWidth : 0)
+        height: band ? area.bandHeight : parent.height
     }
 
     InfoArea {

@@ -276,6 +276,10 @@
         <source>The application &quot;%1&quot; failed: %2</source>
         <translation>Die Anwendung &quot;%1&quot; ist fehlgeschlagen: %2</translation>
     </message>
+    <message>
+        <source>This step of the workflow has nothing to print.</source>
+        <translation>Dieser Schritt des Ablaufs hat nichts zu drucken.</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::HostMenuList</name>
@@ -1068,10 +1072,94 @@
     </message>
 </context>
 <context>
-    <name>Brimvale::Terminal::WorkflowManager</name>
+    <name>Brimvale::Terminal::WorkflowRunner</name>
     <message>
-        <source>Workflows are not available on this terminal yet.</source>
-        <translation>Abläufe gibt es auf diesem Terminal noch nicht.</translation>
+        <source>A workflow is running already.</source>
+        <translation>Es läuft bereits ein Ablauf.</translation>
+    </message>
+    <message>
+        <source>The workflow has no steps.</source>
+        <translation>Der Ablauf hat keine Schritte.</translation>
+    </message>
+    <message>
+        <source>Step %1 of the workflow failed: %2</source>
+        <translation>Schritt %1 des Ablaufs ist fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>Step %1 of the workflow is missing.</source>
+        <translation>Schritt %1 des Ablaufs fehlt.</translation>
+    </message>
+    <message>
+        <source>Step %1 of the workflow names the function &quot;%2&quot;, which the application does not offer.</source>
+        <translation>Schritt %1 des Ablaufs nennt die Funktion „%2“, die die Anwendung nicht anbietet.</translation>
+    </message>
+    <message>
+        <source>The function &quot;%1&quot; of the workflow has no signal workDone(QVariant).</source>
+        <translation>Die Funktion „%1“ des Ablaufs hat kein Signal workDone(QVariant).</translation>
+    </message>
+    <message>
+        <source>Step %1 of the workflow waits for a time, but its settings name none: a number of milliseconds up to 24 hours is needed.</source>
+        <translation>Schritt %1 des Ablaufs wartet auf eine Zeit, aber seine Einstellungen nennen keine: Nötig ist eine Zahl von Millisekunden bis 24 Stunden.</translation>
+    </message>
+    <message>
+        <source>Step %1 of the workflow is gone.</source>
+        <translation>Schritt %1 des Ablaufs ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The function &quot;%1&quot; of the workflow is not offered any more.</source>
+        <translation>Die Funktion „%1“ des Ablaufs wird nicht mehr angeboten.</translation>
+    </message>
+    <message>
+        <source>The function &quot;%1&quot; of the workflow is gone.</source>
+        <translation>Die Funktion „%1“ des Ablaufs ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; did not run: the application has no worker for it.</source>
+        <translation>„%1“ lief nicht: Die Anwendung hat niemanden, der es ausführt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has not finished after %2 s. It may still do so; otherwise repeat it or abort.</source>
+        <translation>„%1“ ist nach %2 s nicht fertig. Das kann noch geschehen; sonst wiederholen oder abbrechen.</translation>
+    </message>
+    <message>
+        <source>The workflow could not be reset: %1</source>
+        <translation>Der Ablauf konnte nicht zurückgesetzt werden: %1</translation>
+    </message>
+    <message>
+        <source>The application failed in its workflow: %1</source>
+        <translation>Die Anwendung ist in ihrem Ablauf fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Repeat</source>
+        <translation>Wieder­holen</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 is at work</source>
+        <translation>%1 läuft</translation>
+    </message>
+    <message>
+        <source>Waiting for a change of the load</source>
+        <translation>Wartet auf eine Änderung der Last</translation>
+    </message>
+    <message>
+        <source>Waiting for a stable weight</source>
+        <translation>Wartet auf ein stabiles Gewicht</translation>
+    </message>
+    <message>
+        <source>Goes on by itself</source>
+        <translation>Geht von selbst weiter</translation>
     </message>
 </context>
 <context>
