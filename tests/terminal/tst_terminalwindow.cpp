@@ -64,6 +64,7 @@ private slots:
     void unverifiedDigitsAreFramed();
     void smallDisplayShowsItsValue();
     void warningsFollowTheModel();
+    void connectedComputersAreCounted();
 
     // What the person does.
     void tappedActionIsPressed();
@@ -547,6 +548,18 @@ void tst_TerminalWindow::smallDisplayShowsItsValue()
     m_terminal->display.setIsValidKlein(false);
     QVERIFY(!m_terminal->textOf(QStringLiteral("smallValue")).contains(QStringLiteral("1.285")));
     QVERIFY(!m_terminal->shown(QStringLiteral("smallUnit")));
+}
+
+void tst_TerminalWindow::connectedComputersAreCounted()
+{
+    QVERIFY(!m_terminal->shown(QStringLiteral("sicsClients")));
+    m_terminal->instrument.setSicsClients(0);
+    QVERIFY(m_terminal->shown(QStringLiteral("sicsClients")));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("sicsClients")), QStringLiteral("0"));
+    m_terminal->instrument.setSicsClients(12);
+    QCOMPARE(m_terminal->textOf(QStringLiteral("sicsClients")), QStringLiteral("12"));
+    m_terminal->instrument.setSicsClients(-1);
+    QVERIFY(!m_terminal->shown(QStringLiteral("sicsClients")));
 }
 
 void tst_TerminalWindow::warningsFollowTheModel()
