@@ -16,7 +16,7 @@ RUN_ARGS ?=
 .DEFAULT_GOAL := help
 
 help:
-	@echo 'make run      build the terminal and start it with the sample plug-in on a simulated scale;'
+	@echo 'make run      build the terminal and start it with the sample plug-ins on a simulated scale;'
 	@echo '              without a display it plays a short demonstration and leaves screenshots'
 	@echo 'make test     build everything and run all tests'
 	@echo 'make bench    build and run the benchmarks'
@@ -30,7 +30,7 @@ help:
 run:
 	$(SETUP) --group run
 	cmake --preset release
-	cmake --build --preset release --parallel $(JOBS) --target brimvale-terminal weighing
+	cmake --build --preset release --parallel $(JOBS) --target brimvale-terminal density statistics weighing
 	tools/run-terminal build/release $(RUN_ARGS)
 
 test:
