@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "app/CommandLine.h"
 
+#include "print/Formatter.h"
 #include "source/DecimalText.h"
 
 #include <QCommandLineParser>
@@ -76,6 +77,15 @@ constexpr OptionInfo OptionTable[] = {
      "answer SICS commands (S, SI, SIR, SR, Z, T, @) of this computer's programs at\n"
      "PORT, or of the network at ADDRESS:PORT; 0 is any free port. See docs/sics.md",
      nullptr, false},
+    {"printer", "WHERE",
+     "where print-outs go (default roll)\n"
+     "  roll             the paper roll on the bench\n"
+     "  file:PATH        the end of a text file\n"
+     "  pdf:PATH         a PDF file; further ones are numbered\n"
+     "  tcp:HOST[:PORT]  a network printer (ESC/POS, default port 9100)\n"
+     "  none             there is no printer",
+     nullptr, false},
+    {"print-columns", "N", "columns of a print-out: 24, 40 or 80 (default 40)", nullptr, false},
     {"log-level", "LEVEL",
      "trace, debug, info, warn, error, fatal or off (default warn); the log goes to\n"
      "the standard error output",
@@ -314,6 +324,18 @@ bool CommandLine::readValues(const QCommandLineParser& parser)
     if (isSet("screenshot") && !m_options.screenshot.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
         return bad("screenshot",
                    QStringLiteral("the picture is a PNG file; give a name that ends with .png"));
+    if (isSet("printer")) {
+        QString error;
+        const std::optional<PrinterSpec> printer = PrinterSpec::parse(value("printer"), &error);
+        if (!printer)
+            return refuse(QStringLiteral("--printer ") + error);
+        m_options.printer = *printer;
+    }
+    if (isSet("print-columns")) {
+        m_options.printColumns = value("print-columns").toInt();
+        if (!Formatter::isLayout(m_options.printColumns))
+            return bad("print-columns", QStringLiteral("give 24, 40 or 80"));
+    }
     if (isSet("language")) {
         m_options.language = value("language");
         if (m_options.language != QLatin1String("en") && m_options.language != QLatin1String("de"))

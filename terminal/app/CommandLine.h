@@ -5,6 +5,8 @@
 #include "QsLogLevel.h"
 #include "measuring/Readability.h"
 #include "measuring/StabilityDetector.h"
+#include "print/PrintJob.h"
+#include "print/PrinterSpec.h"
 #include "sics/SicsAddress.h"
 #include "source/SourceSpec.h"
 
@@ -58,6 +60,8 @@ struct Options
     QString settings; ///< File; empty: the user's own, and none headless.
     QString transferLog;
     std::optional<SicsAddress> sics; ///< Where the SICS server listens; unset: there is none.
+    PrinterSpec printer;
+    int printColumns = PrintJob::DefaultLayout;
     bool traceHostCalls = false;
     QsLogging::Level logLevel = QsLogging::WarnLevel;
 };

@@ -4,10 +4,16 @@
 #include "ISystemRegister.h"
 #include "QsLog.h"
 #include "app/CommandLine.h"
+#include "print/FilePrinter.h"
+#include "print/PdfPrinter.h"
+#include "print/SicsPrinter.h"
+#include "print/TcpPrinter.h"
 #include "sics/SicsScale.h"
 #include "sics/SicsServer.h"
 #include "source/SimulatedSource.h"
 
+#include <QEventLoop>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QQuickWindow>
@@ -61,6 +67,16 @@ QString settingsFile(const Options& options)
         return options.settings;
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
            + QStringLiteral("/brimvale/terminal.ini");
+}
+
+/// Where print-outs are kept until they are printed; empty: nowhere.
+QString printJournalFile(const Options& options)
+{
+    const QString settings = settingsFile(options);
+    if (settings.isEmpty())
+        return QString();
+    const QFileInfo info(settings);
+    return info.path() + QLatin1Char('/') + info.completeBaseName() + QStringLiteral(".print-queue");
 }
 
 HostSettings hostSettings(const Options& options)
@@ -125,6 +141,7 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
     , m_source(std::move(source))
     , m_simulation(qobject_cast<SimulatedSource*>(m_source.get()))
     , m_scale(scaleSettings(options))
+    , m_printQueue(clock, printJournalFile(options))
     // No weight yet; the bar graph is shown, everything else as readings come.
     , m_display(nullptr, QString(), QString(), true, 0, false, false, false, 0, QString(), QString(), false,
                 0, true, false, 0, QString(), QString(), QString(), 0, -1, false, false, true, false, true)
@@ -144,6 +161,7 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
     connectScale();
     connectHost();
     connectBench();
+    connectPrinter();
     connectSimulation();
     connectInstrument();
     connectProtocol();
@@ -206,6 +224,51 @@ void Session::connectBench()
     m_bench.setAvailable(m_simulation != nullptr);
     m_bench.setLevel(m_host->isLevelled());
     m_bench.setCalibrationDue(m_host->isCalibrationDue());
+}
+
+void Session::connectPrinter()
+{
+    connect(&m_printQueue, &PrintQueue::failed, this, &Session::reportPrintFault);
+    connect(&m_printQueue, &PrintQueue::notKept, this,
+            [this](const QString& text) { onNotice(NoticeSeverity::Warning, text); });
+    connect(&m_printQueue, &PrintQueue::changed, this, &Session::updateHostActions);
+    const PrinterSpec& printer = m_options.printer;
+    switch (printer.kind) {
+    case PrinterSpec::Kind::Roll:
+        m_printQueue.setPrinter(std::make_unique<RollPrinter>(m_paper));
+        break;
+    case PrinterSpec::Kind::File:
+        m_printQueue.setPrinter(std::make_unique<FilePrinter>(printer.path));
+        break;
+    case PrinterSpec::Kind::Pdf:
+        m_printQueue.setPrinter(std::make_unique<PdfPrinter>(printer.path, [this] { return localTime(); }));
+        break;
+    case PrinterSpec::Kind::Tcp:
+        m_printQueue.setPrinter(std::make_unique<TcpPrinter>(printer.host, printer.port));
+        break;
+    case PrinterSpec::Kind::None:
+        break;
+    }
+    m_bench.setPrinter(&m_printer);
+    m_host->protocol().setLayout(m_options.printColumns);
+    m_host->protocol().setOutput(
+        m_formatter, [this](const PrintJob& job, QString* error) { return m_printQueue.submit(job, error); });
+}
+
+void Session::reportPrintFault(const QString& fault)
+{
+    if (!m_errors.contains(fault))
+        m_errors.append(fault);
+    QLOG_ERROR().noquote() << fault;
+    m_clock.cancel(m_noticeTimer);
+    m_noticeTimer = 0;
+    m_instrument.showNotice(InstrumentModel::Severity::Error, fault);
+}
+
+void Session::waitForPrinter()
+{
+    while (m_printQueue.awaitsDevice())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void Session::connectSimulation()
@@ -305,6 +368,14 @@ bool Session::prepare(QStringList* errors)
         m_settings.reset();
     }
 
+    QString queueError;
+    if (!m_printQueue.load(&queueError))
+        reportError(queueError);
+    if (m_printQueue.failedCount() > 0)
+        onNotice(NoticeSeverity::Warning,
+                 tr("Print-outs that were not printed: %1. Repeat or delete them on the bench.")
+                     .arg(m_printQueue.failedCount()));
+
     m_window.setAnimationsEnabled(!m_options.headless);
     m_window.setBenchVisible(m_options.bench);
     QString language = m_options.language;
@@ -339,7 +410,7 @@ bool Session::listen(QString* error)
     QString serialNumber = QStringLiteral("0");
     if (m_settings)
         serialNumber = m_settings->value(SerialNumberKey, serialNumber).toString();
-    m_sicsScale = std::make_unique<SicsScale>(*m_host, m_scale, m_sicsFormatter, serialNumber);
+    m_sicsScale = std::make_unique<SicsScale>(*m_host, m_scale, m_formatter, serialNumber);
     auto server = std::make_unique<SicsServer>(*m_sicsScale, m_clock);
     if (!server->listen(*m_options.sics, error))
         return false;
@@ -347,6 +418,8 @@ bool Session::listen(QString* error)
     connect(server.get(), &SicsServer::refused, this,
             [this](const QString& text) { m_host->notices().post(NoticeSeverity::Warning, text); });
     m_sicsServer = std::move(server);
+    m_printQueue.setSicsOutput(std::make_unique<SicsPrinter>(
+        [this](const QByteArray& answer) { return m_sicsServer ? m_sicsServer->send(answer) : 0; }));
     m_instrument.setSicsClients(0);
     QLOG_INFO().noquote() << "SICS server at" << m_sicsServer->address().text();
     return true;
@@ -400,6 +473,12 @@ void Session::shutDown()
     m_sicsServer.reset();
     m_host->plugins().closeAll();
     m_source->stop();
+    waitForPrinter();
+    const int lost = m_printQueue.count() - m_printQueue.failedCount();
+    if (lost > 0 && !m_printQueue.isKept())
+        reportError(tr("Print-outs that were still waiting for the printer and are lost: %1. Wait for the "
+                       "printer before the end, or keep them with --settings FILE.")
+                        .arg(lost));
     storeSettings();
 }
 
@@ -553,7 +632,14 @@ void Session::updateHostActions()
     clearTare.uid = QStringLiteral("clearTare");
     clearTare.name = tr("Clear tare");
     clearTare.enabled = m_scale.isTareSet();
-    m_instrument.hostActions()->setActions({zero, tare, clearTare});
+    QVector<ActionEntry> entries{zero, tare, clearTare};
+    if (m_printQueue.failedCount() > 0) {
+        ActionEntry repeatPrint;
+        repeatPrint.uid = QStringLiteral("repeatPrint");
+        repeatPrint.name = tr("Repeat print");
+        entries.append(repeatPrint);
+    }
+    m_instrument.hostActions()->setActions(entries);
 }
 
 void Session::pressHostAction(const QString& uid)
@@ -564,6 +650,8 @@ void Session::pressHostAction(const QString& uid)
         m_host->weighing().tare();
     else if (uid == QLatin1String("clearTare"))
         m_host->weighing().clearTare();
+    else if (uid == QLatin1String("repeatPrint"))
+        m_printQueue.repeat();
 }
 
 void Session::updatePlugins()
@@ -588,10 +676,15 @@ void Session::selectPlugin(int index)
         m_host->plugins().activate(m_pluginIds.at(index));
 }
 
+/// A run without a window has the same time everywhere.
+QDateTime Session::localTime() const
+{
+    return m_options.headless ? m_clock.dateTime() : m_clock.dateTime().toLocalTime();
+}
+
 void Session::updateTime()
 {
-    // A run without a window shows the same time everywhere.
-    const QDateTime now = m_options.headless ? m_clock.dateTime() : m_clock.dateTime().toLocalTime();
+    const QDateTime now = localTime();
     const bool german = m_instrument.language() == QLatin1String("de");
     m_instrument.setDateTimeText(
         now.toString(german ? QStringLiteral("dd.MM.yyyy  HH:mm") : QStringLiteral("yyyy-MM-dd  HH:mm")));
@@ -605,6 +698,7 @@ void Session::setLanguage(const QString& language)
     // The texts of the terminal first: those of the plug-ins may be made with them.
     m_instrument.setLanguage(language);
     m_host->setLanguage(m_instrument.language());
+    m_printer.retranslate();
     m_window.retranslate();
     m_display.setNetText(tr("NET"));
     m_display.setPtText(tr("PT"));

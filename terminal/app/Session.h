@@ -10,9 +10,12 @@
 #include "host/Host.h"
 #include "measuring/Scale.h"
 #include "print/Formatter.h"
+#include "print/PaperRoll.h"
+#include "print/PrintQueue.h"
 #include "source/WeightSource.h"
 #include "ui/BenchModel.h"
 #include "ui/InstrumentModel.h"
+#include "ui/PrinterModel.h"
 #include "ui/TerminalWindow.h"
 #include "ui/WorkflowModel.h"
 
@@ -77,6 +80,9 @@ public:
     InstrumentModel& instrument() { return m_instrument; }
     BenchModel& bench() { return m_bench; }
     TerminalWindow& window() { return m_window; }
+    PrintQueue& printQueue() { return m_printQueue; }
+    PrinterModel& printer() { return m_printer; }
+    PaperRoll& paper() { return m_paper; }
     const LogOutput& log() const { return m_log; }
     /// Answers SICS commands; null when it does not listen.
     SicsServer* sics() { return m_sicsServer.get(); }
@@ -106,6 +112,9 @@ public:
     /// own while there is none.
     ActionListModel& actions();
 
+    /// Runs the event loop until every device has answered that was asked to print something. Each has time limits.
+    void waitForPrinter();
+
     void setLanguage(const QString& language);
 
     /// Saves a picture of the terminal.
@@ -124,11 +133,13 @@ private:
     void connectHost();
     void connectBench();
     void connectInstrument();
+    void connectPrinter();
     void connectSimulation();
     void connectProtocol();
     void updateProtocol();
     void reportLoad(const LoadResult& result);
     void reportError(const QString& error);
+    void reportPrintFault(const QString& fault);
     void onNotice(NoticeSeverity severity, const QString& text);
     void onTransferred(const TransferRecord& record);
     bool startPlugin(int index);
@@ -141,6 +152,7 @@ private:
     void updateWorkflow();
     void updatePlugins();
     void updateTime();
+    QDateTime localTime() const;
     void pressHostAction(const QString& uid);
     void selectPlugin(int index);
     void storeSettings();
@@ -152,6 +164,9 @@ private:
     SimulatedSource* const m_simulation;
     std::unique_ptr<QSettings> m_settings; ///< Null: none are kept.
     Scale m_scale;
+    PaperRoll m_paper;
+    PrintQueue m_printQueue;
+    PrinterModel m_printer{m_printQueue, m_paper};
     InstrumentModel m_instrument;
     WorkflowModel m_workflow;
     BenchModel m_bench;
@@ -159,7 +174,7 @@ private:
     TerminalWindow m_window;
     WindowScreen m_screen;
     std::unique_ptr<Host> m_host;
-    Formatter m_sicsFormatter;
+    Formatter m_formatter;
     std::unique_ptr<SicsScale> m_sicsScale;
     std::unique_ptr<SicsServer> m_sicsServer;
 

@@ -3,6 +3,7 @@
 
 #include "source/DecimalText.h"
 #include "ui/BenchModel.h"
+#include "ui/PrinterModel.h"
 
 #include <QFile>
 #include <QTextCodec>
@@ -27,6 +28,7 @@ using Kind = Statement::Kind;
 /// - `{text}` the rest of the line, in quotation marks or not, never empty without them; `{text?}` the same, or the
 ///   word none,
 /// - `{found}` and `{found?}` as {text} and {text?}, but never empty,
+/// - `{fault}` a fault of the printer, `{state}` what it does,
 /// - `{rest}` the rest of the line as it is, `{picture}` the same, the name of a PNG file.
 struct Form
 {
@@ -43,6 +45,7 @@ constexpr Form FormTable[] = {
     {Kind::WaitStable, "wait stable {within}", "wait stable within 10 s"},
     {Kind::WaitEnd, "wait end", "wait end"},
     {Kind::WaitDisplay, "wait display {text} {within}", "wait display 500.0 g within 60 s"},
+    {Kind::WaitPrint, "wait print {within}", "wait print within 30 s"},
     {Kind::WaitTime, "wait {time}", "wait 2 s"},
     {Kind::Press, "press action {word}", "press action print"},
     {Kind::PressPrint, "press print", "press print"},
@@ -53,6 +56,8 @@ constexpr Form FormTable[] = {
     {Kind::SetCalibration, "set calibration due|ok", "set calibration due"},
     {Kind::SetNoise, "set noise {number}", "set noise 0.5"},
     {Kind::SetDrift, "set drift {drift}", "set drift 0.2 g/min"},
+    {Kind::SetPrinter, "set printer {fault}", "set printer paper out"},
+    {Kind::RepeatPrint, "repeat print", "repeat print"},
     {Kind::Disconnect, "disconnect", "disconnect"},
     {Kind::Connect, "connect", "connect"},
     {Kind::Dismiss, "dismiss", "dismiss"},
@@ -75,6 +80,8 @@ constexpr Form FormTable[] = {
     {Kind::ExpectHostCall, "expect host-call {found}", "expect host-call IActionbar::Refresh"},
     {Kind::ExpectInfo, "expect info {found?}", "expect info TEXT"},
     {Kind::ExpectWorkflow, "expect workflow {found?}", "expect workflow TEXT"},
+    {Kind::ExpectPrinter, "expect printer {state}", "expect printer ready"},
+    {Kind::ExpectQueue, "expect queue {index}", "expect queue 0"},
     {Kind::ExpectLog, "expect log {found}", "expect log TEXT"},
 };
 
@@ -184,7 +191,7 @@ private:
         if (part == QLatin1String("{index}")) {
             bool ok = false;
             m_statement.number = takeWord(&m_rest).toInt(&ok);
-            return (ok && m_statement.number >= 0.0) || fail("the state is a whole number from 0");
+            return (ok && m_statement.number >= 0.0) || fail("this is a whole number from 0");
         }
         if (part == QLatin1String("{within}"))
             return takeWithin();
@@ -221,6 +228,13 @@ private:
             const std::optional<qint64> time = milliseconds(rest);
             m_statement.withinMs = time.value_or(0);
             return time || fail("the time is a number with ms, s or min, up to 24 hours");
+        }
+        if (part == QLatin1String("{fault}") || part == QLatin1String("{state}")) {
+            const QStringList words =
+                part == QLatin1String("{fault}") ? PrinterModel::faults() : PrinterModel::states();
+            m_statement.text = rest;
+            m_fault = QStringLiteral("the printer is ") + words.join(QStringLiteral(" | "));
+            return words.contains(rest);
         }
         std::optional<double> number;
         if (part == QLatin1String("{weight}")) {

@@ -28,6 +28,7 @@ struct Statement
         WaitStable,               ///< withinMs: at most
         WaitDisplay,              ///< text; withinMs: at most
         WaitEnd,                  ///<
+        WaitPrint,                ///< withinMs: at most
         PressPrint,               ///<
         Press,                    ///< word: uid
         Start,                    ///< text: identifier of the plug-in
@@ -36,6 +37,8 @@ struct Statement
         SetCalibration,           ///< on: due
         SetNoise,                 ///< number: increments
         SetDrift,                 ///< number: grams per minute
+        SetPrinter,               ///< text: one of PrinterModel::faults()
+        RepeatPrint,              ///<
         Disconnect,               ///<
         Connect,                  ///<
         Dismiss,                  ///< the notice
@@ -58,6 +61,8 @@ struct Statement
         ExpectNoHostCall,         ///< text
         ExpectInfo,               ///< text, or none
         ExpectWorkflow,           ///< text, or none
+        ExpectPrinter,            ///< text: one of PrinterModel::states()
+        ExpectQueue,              ///< number: print-outs
         ExpectLog                 ///< text
     };
 

@@ -188,6 +188,7 @@ ScriptRunner::Outcome ScriptRunner::carryOut(const Statement& statement)
     case Kind::WaitStable:
     case Kind::WaitDisplay:
     case Kind::WaitEnd:
+    case Kind::WaitPrint:
         return wait(statement);
     case Kind::Press:
         return press(statement.word);
@@ -204,6 +205,15 @@ ScriptRunner::Outcome ScriptRunner::carryOut(const Statement& statement)
     case Kind::Disconnect:
     case Kind::Connect:
         return setBench(statement);
+    case Kind::SetPrinter:
+        m_session.waitForPrinter();
+        m_session.printer().setFault(statement.text);
+        return done(QStringLiteral("the printer is ") + statement.text);
+    case Kind::RepeatPrint:
+        if (!m_session.printQueue().repeat())
+            return failed(QStringLiteral("no print-out has failed"));
+        m_session.waitForPrinter();
+        return done(printQueueText());
     case Kind::Dismiss:
         m_session.instrument().clearNotice();
         return done(QStringLiteral("done"));
@@ -299,11 +309,23 @@ ScriptRunner::Outcome ScriptRunner::wait(const Statement& statement)
         condition = [this] { return m_session.isSourceFinished(); };
         limitMs = std::numeric_limits<qint64>::max() / 2; // A recording always ends.
         break;
+    case Kind::WaitPrint:
+        // What a device does takes no time of the terminal's clock.
+        condition = [this] {
+            m_session.waitForPrinter();
+            return m_session.printQueue().count() == m_session.printQueue().failedCount();
+        };
+        missed = QStringLiteral("the printer has not finished");
+        break;
     default:
         condition = [] { return false; };
         break;
     }
     const TimeDriver::Result result = m_driver.runUntil(condition, limitMs);
+    if (statement.kind == Kind::WaitPrint && result != TimeDriver::Result::Interrupted)
+        return result == TimeDriver::Result::TimedOut ? failed(
+                   QStringLiteral("%1 within %2; %3").arg(missed, seconds(limitMs), printQueueText()))
+                                                      : done(printQueueText());
     if (result == TimeDriver::Result::TimedOut && statement.kind != Kind::WaitTime)
         return failed(
             QStringLiteral("%1 within %2; it shows %3").arg(missed, seconds(limitMs), displayText()));
@@ -323,6 +345,15 @@ bool ScriptRunner::isStableAgain() const
 void ScriptRunner::disturb()
 {
     m_disturbedMs = m_session.clock().nowMs();
+}
+
+QString ScriptRunner::printQueueText() const
+{
+    const PrintQueue& queue = m_session.printQueue();
+    return QStringLiteral("printed: %1, in the queue: %2, failed: %3")
+        .arg(queue.printedCount())
+        .arg(queue.count())
+        .arg(queue.failedCount());
 }
 
 QString ScriptRunner::displayText() const
@@ -466,6 +497,16 @@ ScriptRunner::Outcome ScriptRunner::expect(const Statement& statement)
         return expected(found.isEmpty(), QStringLiteral("no host call ") + quoted(statement.text),
                         QStringLiteral("there was ") + found.value(0));
     }
+    case Kind::ExpectPrinter: {
+        m_session.waitForPrinter();
+        const QString state = m_session.printer().state();
+        return expected(state == statement.text, QStringLiteral("the printer ") + statement.text,
+                        QStringLiteral("it is ") + state);
+    }
+    case Kind::ExpectQueue:
+        m_session.waitForPrinter();
+        return expected(m_session.printQueue().count() == qRound(statement.number),
+                        QStringLiteral("%1 in the print queue").arg(statement.number), printQueueText());
     default: // ExpectLog
         return expected(m_session.log().contains(statement.text),
                         QStringLiteral("a log line with ") + quoted(statement.text),

@@ -75,6 +75,7 @@ private:
     bool isStableAgain() const;
     void disturb();
     QString displayText() const;
+    QString printQueueText() const;
     QString reportLine(const Statement& statement, const QString& result) const;
 
     Session& m_session;

@@ -127,6 +127,19 @@ bool BenchModel::calibrationDue() const
     return m_calibrationDue;
 }
 
+QObject* BenchModel::printer() const
+{
+    return m_printer;
+}
+
+void BenchModel::setPrinter(QObject* printer)
+{
+    if (m_printer != printer) {
+        m_printer = printer;
+        emit printerChanged();
+    }
+}
+
 QStringList BenchModel::pluginFaults() const
 {
     return m_pluginFaults;

@@ -3,6 +3,7 @@
 #define BRIMVALE_BENCHMODEL_H
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
@@ -56,6 +57,8 @@ class BenchModel : public QObject
     Q_PROPERTY(double levelRing READ levelRing CONSTANT)
     /// Whether the calibration is due. Initially false.
     Q_PROPERTY(bool calibrationDue READ calibrationDue WRITE setCalibrationDue NOTIFY calibrationDueChanged)
+    /// The printer, a PrinterModel; null: there is none.
+    Q_PROPERTY(QObject* printer READ printer NOTIFY printerChanged)
     /// Why plug-ins could not be loaded or started: one text per fault, shown in a panel.
     Q_PROPERTY(QStringList pluginFaults READ pluginFaults WRITE setPluginFaults NOTIFY pluginFaultsChanged)
 
@@ -81,6 +84,7 @@ public:
     bool level() const;
     double levelRing() const;
     bool calibrationDue() const;
+    QObject* printer() const;
     QStringList pluginFaults() const;
 
     /// Shows a page; a name that is none of pages() changes nothing.
@@ -107,6 +111,8 @@ public:
     /// scale already is as asked.
     void setLevel(bool level);
     void setCalibrationDue(bool due);
+    /// @param printer not owned.
+    void setPrinter(QObject* printer);
     void setPluginFaults(const QStringList& faults);
 
 signals:
@@ -131,6 +137,7 @@ signals:
     void bubbleMoved(double x, double y);
     void levelChanged(bool level);
     void calibrationDueChanged(bool due);
+    void printerChanged();
     void pluginFaultsChanged();
 
 private:
@@ -146,6 +153,7 @@ private:
     double m_levelX = 0.0;
     double m_levelY = 0.0;
     bool m_calibrationDue = false;
+    QPointer<QObject> m_printer;
     QStringList m_pluginFaults;
 };
 

@@ -3,6 +3,7 @@
 
 #include "BenchModel.h"
 #include "InstrumentModel.h"
+#include "PaperItems.h"
 #include "WorkflowModel.h"
 
 #include <QCoreApplication>
@@ -133,6 +134,7 @@ bool TerminalWindow::load(QString* error)
     useTerminalFonts();
 
     // For the values of InstrumentModel::Severity.
+    registerPaperItems();
     qmlRegisterUncreatableType<InstrumentModel>("Brimvale.Terminal", 1, 0, "InstrumentModel",
                                                 QStringLiteral("The terminal makes it."));
     m_engine = std::make_unique<QQmlEngine>();

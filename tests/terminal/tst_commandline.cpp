@@ -6,6 +6,7 @@
 
 using Brimvale::Terminal::CommandLine;
 using Brimvale::Terminal::Options;
+using Brimvale::Terminal::PrinterSpec;
 using Brimvale::Terminal::Readability;
 using Brimvale::Terminal::SourceSpec;
 
@@ -68,6 +69,8 @@ void TestCommandLine::withoutArguments()
     QVERIFY(!options.durationSeconds);
     QVERIFY(options.bench);
     QVERIFY(!options.sics);
+    QCOMPARE(options.printer.kind, PrinterSpec::Kind::Roll);
+    QCOMPARE(options.printColumns, 40);
     QVERIFY(options.language.isEmpty());
     QCOMPARE(options.logLevel, QsLogging::WarnLevel);
 }
@@ -80,7 +83,8 @@ void TestCommandLine::everyOption()
         words("--plugin a.so --readability 0.05 --capacity 3200 --stability 2.5,3 --seed 7 "
               "--headless --screenshot out.PNG --duration 2.5 --no-bench --language de "
               "--settings s.ini --start weighing --log-level trace --trace-host-calls "
-              "--transfer-log t.csv --sics 0.0.0.0:4001 --plugin-dir")
+              "--transfer-log t.csv --sics 0.0.0.0:4001 --printer pdf:a.pdf --print-columns 80 "
+              "--plugin-dir")
         + QStringList{folder.path()});
     QCOMPARE(line.error(), QString());
     QCOMPARE(line.outcome(), CommandLine::Outcome::Run);
@@ -105,6 +109,9 @@ void TestCommandLine::everyOption()
     QCOMPARE(options.transferLog, QStringLiteral("t.csv"));
     QVERIFY(options.sics.has_value());
     QCOMPARE(options.sics->text(), QStringLiteral("0.0.0.0:4001"));
+    QCOMPARE(options.printer.kind, PrinterSpec::Kind::Pdf);
+    QCOMPARE(options.printer.path, QStringLiteral("a.pdf"));
+    QCOMPARE(options.printColumns, 80);
 }
 
 void TestCommandLine::pluginsKeepTheirOrder()
@@ -265,6 +272,12 @@ void TestCommandLine::refused_data()
         "--capacity 0: give the largest load in grams, above 0 and up to 1000000000");
     row("capacity infinite", "--capacity inf",
         "--capacity inf: give the largest load in grams, above 0 and up to 1000000000");
+    row("printer", "--printer lpt1",
+        "--printer lpt1: give roll, file:PATH, pdf:PATH, tcp:HOST[:PORT] or none");
+    row("port of the printer", "--printer tcp:a:0",
+        "--printer tcp:a:0: the port is a number from 1 to 65535, such as tcp:HOST:9100");
+    row("columns", "--print-columns 32", "--print-columns 32: give 24, 40 or 80");
+    row("columns that are no number", "--print-columns wide", "--print-columns wide: give 24, 40 or 80");
     row("seed negative", "--seed -1", "--seed -1: give a whole number from 0 to 18446744073709551615");
     row("seed fraction", "--seed 1.5", "--seed 1.5: give a whole number from 0 to 18446744073709551615");
     row("duration zero", "--headless --duration 0", "--duration 0: give seconds, above 0 and up to 1000000");
@@ -348,7 +361,8 @@ void TestCommandLine::helpNamesEveryOption_data()
     for (const QString& option :
          words("--plugin --plugin-dir --no-plugin --start --check --source --speed --readability --capacity "
                "--stability --seed --headless --script --demo --duration --screenshot --output --no-bench "
-               "--language --settings --transfer-log --sics --log-level --trace-host-calls --help --version"))
+               "--language --settings --transfer-log --sics --printer --print-columns --log-level "
+               "--trace-host-calls --help --version"))
         QTest::newRow(qPrintable(option)) << option;
 }
 

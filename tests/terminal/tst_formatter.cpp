@@ -11,6 +11,8 @@
 using namespace Brimvale;
 using namespace Brimvale::Terminal;
 
+Q_DECLARE_METATYPE(Brimvale::MesswertData)
+
 namespace
 {
 
@@ -493,8 +495,6 @@ void TestFormatter::noLineIsEverTooWide()
         }
     }
 }
-
-Q_DECLARE_METATYPE(Brimvale::MesswertData)
 
 QTEST_MAIN(TestFormatter)
 #include "tst_formatter.moc"

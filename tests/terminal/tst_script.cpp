@@ -70,6 +70,16 @@ void TestScript::statement_data()
     QTest::newRow("set calibration ok") << int(Kind::SetCalibration);
     QTest::newRow("set noise 0.5") << int(Kind::SetNoise);
     QTest::newRow("set drift -0.2 g/min") << int(Kind::SetDrift);
+    QTest::newRow("set printer ok") << int(Kind::SetPrinter);
+    QTest::newRow("set printer paper out") << int(Kind::SetPrinter);
+    QTest::newRow("set printer offline") << int(Kind::SetPrinter);
+    QTest::newRow("set printer slow") << int(Kind::SetPrinter);
+    QTest::newRow("repeat print") << int(Kind::RepeatPrint);
+    QTest::newRow("wait print") << int(Kind::WaitPrint);
+    QTest::newRow("wait print within 5 s") << int(Kind::WaitPrint);
+    QTest::newRow("expect printer ready") << int(Kind::ExpectPrinter);
+    QTest::newRow("expect printer paper out") << int(Kind::ExpectPrinter);
+    QTest::newRow("expect queue 3") << int(Kind::ExpectQueue);
     QTest::newRow("disconnect") << int(Kind::Disconnect);
     QTest::newRow("connect") << int(Kind::Connect);
     QTest::newRow("dismiss") << int(Kind::Dismiss);
@@ -272,10 +282,12 @@ void TestScript::error_data()
         QTest::newRow(name) << QByteArray(line) << QString::fromUtf8(error);
     };
     row("unknown word", "lift 5 g",
-        "no statement begins so; begin with put, take, wait, press, start, close, set, disconnect, connect, "
+        "no statement begins so; begin with put, take, wait, press, start, close, set, repeat, disconnect, "
+        "connect, "
         "dismiss, language, bench, screenshot, note, expect");
     row("case counts", "Put on 5 g",
-        "no statement begins so; begin with put, take, wait, press, start, close, set, disconnect, connect, "
+        "no statement begins so; begin with put, take, wait, press, start, close, set, repeat, disconnect, "
+        "connect, "
         "dismiss, language, bench, screenshot, note, expect");
     row("weight missing", "put on",
         "the weight is a number above 0 with mg, g or kg; write for example: put on 500 g");
@@ -297,19 +309,19 @@ void TestScript::error_data()
     row("time without unit", "wait 2",
         "the time is a number with ms, s or min, up to 24 hours; write for example: wait stable within 10 s, "
         "or: "
-        "wait end, or: wait display 500.0 g within 60 s, or: wait 2 s");
+        "wait end, or: wait display 500.0 g within 60 s, or: wait print within 30 s, or: wait 2 s");
     row("time negative", "wait -2 s",
         "the time is a number with ms, s or min, up to 24 hours; write for example: wait stable within 10 s, "
         "or: "
-        "wait end, or: wait display 500.0 g within 60 s, or: wait 2 s");
+        "wait end, or: wait display 500.0 g within 60 s, or: wait print within 30 s, or: wait 2 s");
     row("time too long", "wait 1441 min",
         "the time is a number with ms, s or min, up to 24 hours; write for example: wait stable within 10 s, "
         "or: "
-        "wait end, or: wait display 500.0 g within 60 s, or: wait 2 s");
+        "wait end, or: wait display 500.0 g within 60 s, or: wait print within 30 s, or: wait 2 s");
     row("wait for nothing", "wait",
         "the time is a number with ms, s or min, up to 24 hours; write for example: wait stable within 10 s, "
         "or: "
-        "wait end, or: wait display 500.0 g within 60 s, or: wait 2 s");
+        "wait end, or: wait display 500.0 g within 60 s, or: wait print within 30 s, or: wait 2 s");
     row("limit without unit", "wait stable within 10",
         "the time is a number with ms, s or min, up to 24 hours; write for example: wait stable within 10 s");
     row("limit of what", "wait stable in 10 s",
@@ -324,7 +336,7 @@ void TestScript::error_data()
     row("level of what", "set level maybe", "this cannot be understood; write for example: set level off");
     row("set what", "set",
         "this cannot be understood; write for example: set level off, or: set calibration "
-        "due, or: set noise 0.5, or: set drift 0.2 g/min");
+        "due, or: set noise 0.5, or: set drift 0.2 g/min, or: set printer paper out");
     row("noise negative", "set noise -1",
         "this must be a number not below 0; write for example: set noise 0.5");
     row("drift without unit", "set drift 0.5",
@@ -354,8 +366,15 @@ void TestScript::error_data()
         "a text that begins with \" ends with one; inside of it write \\\" and \\\\; write for example: "
         "expect "
         "display 500.0 g");
+    row("fault of the printer", "set printer broken",
+        "the printer is ok | paper out | offline | slow; write for example: set printer paper out");
+    row("state of the printer", "expect printer slow",
+        "the printer is ready | printing | stopped | paper out | offline | none; write for example: expect "
+        "printer ready");
+    row("print-outs of the queue", "expect queue -1",
+        "this is a whole number from 0; write for example: expect queue 0");
     row("state of a button", "expect action a toggle first",
-        "the state is a whole number from 0; write for example: expect action hold toggle 1");
+        "this is a whole number from 0; write for example: expect action hold toggle 1");
     row("expected of a button", "expect action a pressed",
         "this cannot be understood; write for example: expect action tare enabled, or: expect action hold "
         "toggle "

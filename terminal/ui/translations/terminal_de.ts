@@ -59,6 +59,45 @@
     </message>
 </context>
 <context>
+    <name>BenchPrinterPage</name>
+    <message>
+        <source>All well</source>
+        <translation>In Ordnung</translation>
+    </message>
+    <message>
+        <source>No paper</source>
+        <translation>Kein Papier</translation>
+    </message>
+    <message>
+        <source>Offline</source>
+        <translation>Offline</translation>
+    </message>
+    <message>
+        <source>Slow</source>
+        <translation>Langsam</translation>
+    </message>
+    <message>
+        <source>Repeat</source>
+        <translation>Erneut</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Paper roll</source>
+        <translation>Papierrolle</translation>
+    </message>
+    <message>
+        <source>Tear off</source>
+        <translation>Abreißen</translation>
+    </message>
+    <message>
+        <source>What is printed does not appear here: this terminal prints elsewhere.</source>
+        <translation>Was gedruckt wird, erscheint nicht hier: Dieses Terminal druckt woandershin.</translation>
+    </message>
+</context>
+<context>
     <name>BenchScalePage</name>
     <message>
         <source>On the scale</source>
@@ -236,6 +275,17 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::FilePrinter</name>
+    <message>
+        <source>Text file %1</source>
+        <translation>Textdatei %1</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2. Check the path, its permissions and the free space, then repeat the print-out.</source>
+        <translation>Die Datei %1 kann nicht geschrieben werden: %2. Prüfen Sie den Pfad, seine Rechte und den freien Platz und wiederholen Sie dann den Druck.</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::Formatter</name>
     <message>
         <source>Overload</source>
@@ -312,6 +362,25 @@
     <message>
         <source>Change of load</source>
         <translation>Laständerung</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::PdfPrinter</name>
+    <message>
+        <source>PDF file %1</source>
+        <translation>PDF-Datei %1</translation>
+    </message>
+    <message>
+        <source>The PDF file %1 cannot be written: %2. Check the path, its permissions and the free space, then repeat the print-out.</source>
+        <translation>Die PDF-Datei %1 kann nicht geschrieben werden: %2. Prüfen Sie den Pfad, seine Rechte und den freien Platz und wiederholen Sie dann den Druck.</translation>
+    </message>
+    <message>
+        <source>Print-out</source>
+        <translation>Ausdruck</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
     </message>
 </context>
 <context>
@@ -665,6 +734,103 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::PrintJournal</name>
+    <message>
+        <source>The print queue cannot be kept in %1: %2. Check the path, its permissions and the free space.</source>
+        <translation>Die Druckwarteschlange kann nicht in %1 aufbewahrt werden: %2. Prüfen Sie den Pfad, seine Rechte und den freien Platz.</translation>
+    </message>
+    <message>
+        <source>%1 holds no print queue. It was renamed to %2, and the queue begins empty.</source>
+        <translation>%1 enthält keine Druckwarteschlange. Die Datei wurde in %2 umbenannt, und die Warteschlange beginnt leer.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::PrintQueue</name>
+    <message>
+        <source>The terminal was switched off before it was printed.</source>
+        <translation>Das Terminal wurde ausgeschaltet, bevor gedruckt war.</translation>
+    </message>
+    <message>
+        <source>The printer was taken away. Repeat the print-out on the new one.</source>
+        <translation>Der Drucker wurde entfernt. Wiederholen Sie den Druck auf dem neuen.</translation>
+    </message>
+    <message>
+        <source>The print-out is empty.</source>
+        <translation>Der Ausdruck ist leer.</translation>
+    </message>
+    <message>
+        <source>There is no output for SICS answers. Start the terminal with --sics PORT.</source>
+        <translation>Es gibt keinen Ausgang für SICS-Antworten. Starten Sie das Terminal mit --sics PORT.</translation>
+    </message>
+    <message>
+        <source>There is no printer. Start the terminal with --printer roll, for example.</source>
+        <translation>Es gibt keinen Drucker. Starten Sie das Terminal zum Beispiel mit --printer roll.</translation>
+    </message>
+    <message>
+        <source>%1 print-outs wait already. Repeat or delete them first.</source>
+        <translation>Es warten schon %1 Ausdrucke. Wiederholen oder löschen Sie diese zuerst.</translation>
+    </message>
+    <message>
+        <source>The printer is out of paper. Put in paper, then repeat the print-out.</source>
+        <translation>Der Drucker hat kein Papier. Legen Sie Papier ein und wiederholen Sie dann den Druck.</translation>
+    </message>
+    <message>
+        <source>The printer is offline. Switch it on and check its cable, then repeat the print-out.</source>
+        <translation>Der Drucker ist offline. Schalten Sie ihn ein, prüfen Sie sein Kabel und wiederholen Sie dann den Druck.</translation>
+    </message>
+    <message>
+        <source>Print-out</source>
+        <translation>Ausdruck</translation>
+    </message>
+    <message>
+        <source>%1 is not printed: %2</source>
+        <translation>%1 ist nicht gedruckt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::PrinterModel</name>
+    <message>
+        <source>Ready</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Printing</source>
+        <translation>Druckt</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Out of paper</source>
+        <translation>Kein Papier</translation>
+    </message>
+    <message>
+        <source>Offline</source>
+        <translation>Offline</translation>
+    </message>
+    <message>
+        <source>No printer</source>
+        <translation>Kein Drucker</translation>
+    </message>
+    <message>
+        <source>Waits</source>
+        <translation>Wartet</translation>
+    </message>
+    <message>
+        <source>Printing, %1 of %2</source>
+        <translation>Druckt, %1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2 printed. %3</source>
+        <translation>%1 von %2 gedruckt. %3</translation>
+    </message>
+    <message>
+        <source>Print-out</source>
+        <translation>Ausdruck</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::Protocol</name>
     <message>
         <source>Print key</source>
@@ -801,6 +967,13 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::RollPrinter</name>
+    <message>
+        <source>Paper roll</source>
+        <translation>Papierrolle</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::Scale</name>
     <message>
         <source>Overload</source>
@@ -912,6 +1085,29 @@
         <source>Not offered: %1</source>
         <translation>Nicht angeboten: %1</translation>
     </message>
+    <message>
+        <source>Print-outs that were not printed: %1. Repeat or delete them on the bench.</source>
+        <translation>Nicht gedruckte Ausdrucke: %1. Wiederholen oder löschen Sie diese am Prüfplatz.</translation>
+    </message>
+    <message>
+        <source>Print-outs that were still waiting for the printer and are lost: %1. Wait for the printer before the end, or keep them with --settings FILE.</source>
+        <translation>Ausdrucke, die noch auf den Drucker warteten und verloren sind: %1. Warten Sie vor dem Ende auf den Drucker, oder bewahren Sie sie mit --settings DATEI auf.</translation>
+    </message>
+    <message>
+        <source>Repeat print</source>
+        <translation>Druck wiederholen</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::SicsPrinter</name>
+    <message>
+        <source>SICS output</source>
+        <translation>SICS-Ausgang</translation>
+    </message>
+    <message>
+        <source>No computer is connected to the SICS port. Connect one, then repeat the print-out.</source>
+        <translation>Mit dem SICS-Anschluss ist kein Rechner verbunden. Verbinden Sie einen und wiederholen Sie dann den Druck.</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::SicsServer</name>
@@ -991,6 +1187,33 @@
     <message>
         <source>Menu files are not available on this terminal yet: &quot;%1&quot; was not read.</source>
         <translation>Menüdateien gibt es auf diesem Terminal noch nicht: &quot;%1&quot; wurde nicht gelesen.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::TcpPrinter</name>
+    <message>
+        <source>Network printer %1</source>
+        <translation>Netzwerkdrucker %1</translation>
+    </message>
+    <message>
+        <source>The connection to the printer %1 is broken. Switch the printer on and check its cable, then repeat the print-out.</source>
+        <translation>Die Verbindung zum Drucker %1 ist unterbrochen. Schalten Sie den Drucker ein, prüfen Sie sein Kabel und wiederholen Sie dann den Druck.</translation>
+    </message>
+    <message>
+        <source>The printer %1 cannot be reached: %2. Switch the printer on, check its cable and the address, then repeat the print-out.</source>
+        <translation>Der Drucker %1 ist nicht zu erreichen: %2. Schalten Sie den Drucker ein, prüfen Sie Kabel und Adresse und wiederholen Sie dann den Druck.</translation>
+    </message>
+    <message>
+        <source>The connection to the printer %1 is broken: %2. Switch the printer on and check its cable, then repeat the print-out.</source>
+        <translation>Die Verbindung zum Drucker %1 ist unterbrochen: %2. Schalten Sie den Drucker ein, prüfen Sie sein Kabel und wiederholen Sie dann den Druck.</translation>
+    </message>
+    <message>
+        <source>The printer %1 does not answer. Switch the printer on, check its cable and the address, then repeat the print-out.</source>
+        <translation>Der Drucker %1 antwortet nicht. Schalten Sie den Drucker ein, prüfen Sie Kabel und Adresse und wiederholen Sie dann den Druck.</translation>
+    </message>
+    <message>
+        <source>The printer %1 takes no more data. Check its paper and that it is switched on, then repeat the print-out.</source>
+        <translation>Der Drucker %1 nimmt keine Daten mehr an. Prüfen Sie das Papier und ob er eingeschaltet ist, und wiederholen Sie dann den Druck.</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "print/FilePrinter.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+
+FilePrinter::FilePrinter(const QString& file)
+    : m_file(file)
+{
+}
+
+QString FilePrinter::description() const
+{
+    return tr("Text file %1").arg(m_file);
+}
+
+void FilePrinter::begin(const PrintJob& job, int firstBlock)
+{
+    Q_UNUSED(job)
+    Q_UNUSED(firstBlock)
+    emit done();
+}
+
+void FilePrinter::print(const QString& block)
+{
+    append(PrintJob::text({block}).toUtf8());
+}
+
+void FilePrinter::end()
+{
+    append("\n");
+}
+
+void FilePrinter::append(const QByteArray& bytes)
+{
+    QFile file(m_file);
+    bool ok = file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
+    QString error = file.errorString();
+    if (ok) {
+        const qint64 before = file.size();
+        ok = file.write(bytes) == bytes.size();
+        error = file.errorString();
+        // Pipes and devices have nothing to be brought onto a disk.
+        if (ok && fsync(file.handle()) != 0 && errno != EINVAL && errno != EROFS) {
+            ok = false;
+            error = qt_error_string(errno);
+        }
+        if (!ok && !file.isSequential())
+            file.resize(before);
+    }
+    if (ok)
+        emit done();
+    else
+        emit failed(tr("The file %1 cannot be written: %2. Check the path, its permissions and the free "
+                       "space, then repeat the print-out.")
+                        .arg(m_file, error));
+}
+
+} // namespace Terminal
+} // namespace Brimvale

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "print/TcpPrinter.h"
+
+#include "print/EscPos.h"
+
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
+
+namespace Brimvale
+{
+namespace Terminal
+{
+namespace
+{
+
+constexpr int WatchMs = 5;
+
+} // namespace
+
+TcpPrinter::TcpPrinter(const QString& host, quint16 port)
+    : m_host(host)
+    , m_port(port)
+{
+    m_timeout.setSingleShot(true);
+    m_watch.setInterval(WatchMs);
+    connect(&m_timeout, &QTimer::timeout, this, &TcpPrinter::onTimeout);
+    connect(&m_watch, &QTimer::timeout, this, &TcpPrinter::watchAcknowledgement);
+    connect(&m_socket, &QTcpSocket::connected, this, &TcpPrinter::onConnected);
+    connect(&m_socket, &QTcpSocket::errorOccurred, this, &TcpPrinter::onError);
+    // Some printers send their state; nobody asked for it.
+    connect(&m_socket, &QTcpSocket::readyRead, this, [this] { m_socket.readAll(); });
+}
+
+TcpPrinter::~TcpPrinter()
+{
+    m_socket.disconnect(this);
+    m_socket.abort();
+}
+
+QString TcpPrinter::address() const
+{
+    return QStringLiteral("%1:%2").arg(m_host).arg(m_port);
+}
+
+QString TcpPrinter::description() const
+{
+    return tr("Network printer %1").arg(address());
+}
+
+void TcpPrinter::setTimeouts(int connectMs, int writeMs)
+{
+    m_connectMs = connectMs;
+    m_writeMs = writeMs;
+}
+
+void TcpPrinter::begin(const PrintJob& job, int firstBlock)
+{
+    Q_UNUSED(job)
+    Q_UNUSED(firstBlock)
+    m_socket.abort();
+    m_step = Step::Connect;
+    m_timeout.start(m_connectMs);
+    m_socket.connectToHost(m_host, m_port);
+}
+
+void TcpPrinter::onConnected()
+{
+    m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    write(EscPos::begin(), Step::Write);
+}
+
+void TcpPrinter::print(const QString& block)
+{
+    write(EscPos::encode(PrintJob::text({block})), Step::Write);
+}
+
+void TcpPrinter::end()
+{
+    write(EscPos::end(), Step::WriteEnd);
+}
+
+void TcpPrinter::cancel()
+{
+    m_step = Step::Idle;
+    m_timeout.stop();
+    m_watch.stop();
+    m_socket.abort();
+}
+
+void TcpPrinter::write(const QByteArray& bytes, Step step)
+{
+    m_step = step;
+    if (m_socket.state() != QAbstractSocket::ConnectedState) {
+        fail(tr("The connection to the printer %1 is broken. Switch the printer on and check its cable, then "
+                "repeat the print-out.")
+                 .arg(address()));
+        return;
+    }
+    m_timeout.start(m_writeMs);
+    m_socket.write(bytes);
+    m_lastUnacknowledged = bytes.size();
+    m_watch.start();
+}
+
+/// Bytes that the printer has not acknowledged.
+qint64 TcpPrinter::unacknowledged() const
+{
+    int queued = 0;
+    if (ioctl(static_cast<int>(m_socket.socketDescriptor()), SIOCOUTQ, &queued) != 0)
+        queued = 1; // The connection is about to be found broken.
+    return m_socket.bytesToWrite() + queued;
+}
+
+void TcpPrinter::watchAcknowledgement()
+{
+    const qint64 remaining = unacknowledged();
+    if (remaining > 0) {
+        if (remaining < m_lastUnacknowledged)
+            m_timeout.start(m_writeMs); // The printer is slow but takes what it gets.
+        m_lastUnacknowledged = remaining;
+        return;
+    }
+    m_watch.stop();
+    const bool isEnd = m_step == Step::WriteEnd;
+    m_step = Step::Idle;
+    m_timeout.stop();
+    if (isEnd)
+        m_socket.disconnectFromHost();
+    emit done();
+}
+
+void TcpPrinter::onError(QAbstractSocket::SocketError error)
+{
+    Q_UNUSED(error)
+    const QString reason = m_socket.errorString();
+    switch (m_step) {
+    case Step::Idle: // What was sent was acknowledged. A break shows at the next write.
+        break;
+    case Step::Connect:
+        fail(tr("The printer %1 cannot be reached: %2. Switch the printer on, check its cable and the "
+                "address, then repeat the print-out.")
+                 .arg(address(), reason));
+        break;
+    case Step::Write:
+    case Step::WriteEnd:
+        fail(tr("The connection to the printer %1 is broken: %2. Switch the printer on and check its cable, "
+                "then repeat the print-out.")
+                 .arg(address(), reason));
+        break;
+    }
+}
+
+void TcpPrinter::onTimeout()
+{
+    if (m_step == Step::Connect)
+        fail(
+            tr("The printer %1 does not answer. Switch the printer on, check its cable and the address, then "
+               "repeat the print-out.")
+                .arg(address()));
+    else if (m_step != Step::Idle)
+        fail(tr("The printer %1 takes no more data. Check its paper and that it is switched on, then repeat "
+                "the print-out.")
+                 .arg(address()));
+}
+
+void TcpPrinter::fail(const QString& cause)
+{
+    cancel();
+    emit failed(cause);
+}
+
+} // namespace Terminal
+} // namespace Brimvale
