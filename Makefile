@@ -19,7 +19,7 @@ help:
 	@echo 'make run      build the terminal and start it with the sample plug-ins on a simulated scale;'
 	@echo '              without a display it plays a short demonstration and leaves screenshots'
 	@echo 'make test     build everything and run all tests'
-	@echo 'make bench    build and run the benchmarks'
+	@echo 'make bench    build and run the benchmarks; a table compares them with limits, peers and goals'
 	@echo 'make docs     write the reference and the guides as HTML'
 	@echo 'make install  install library, terminal and SDK (PREFIX=$(PREFIX), DESTDIR=$(DESTDIR))'
 	@echo 'make clean    remove build/'
@@ -43,9 +43,16 @@ bench:
 	$(SETUP) --group bench
 	cmake --preset bench
 	cmake --build --preset bench --parallel $(JOBS)
+	rm -rf build/bench/results
+	mkdir -p build/bench/results
 	@set -e; for benchmark in build/bench/bin/bench_*; do \
-		echo "== $${benchmark##*/}"; "$$benchmark" $(BENCH_ARGS); \
+		name=$${benchmark##*/}; echo "running $$name"; \
+		"$$benchmark" --benchmark_repetitions=9 --benchmark_min_time=0.1 \
+			--benchmark_enable_random_interleaving=true --benchmark_out_format=json \
+			--benchmark_out="build/bench/results/$$name.json" $(BENCH_ARGS) >/dev/null; \
 	done
+	@tools/bench-table --goals benchmarks/goals.json --json build/bench/table.json build/bench/results/*.json
+	@echo 'As JSON: build/bench/table.json'
 
 docs:
 	$(SETUP) --group docs

@@ -183,10 +183,10 @@ void add(const char* name, MakeWorkload workload, Copy copy)
 
 [[maybe_unused]] const bool areAdded = [] {
     add("FileUtils::CopyRecursivelyOverwrite, small files/ours", smallFiles, copyWithLibrary);
-    add("FileUtils::CopyRecursivelyOverwrite, small files/peer:cp -a", smallFiles, copyWithProgram);
+    add("FileUtils::CopyRecursivelyOverwrite, small files/limit:cp -a", smallFiles, copyWithProgram);
     add("FileUtils::CopyRecursivelyOverwrite, small files/peer:QFile::copy", smallFiles, copyWithQt);
     add("FileUtils::CopyRecursivelyOverwrite, large file/ours", largeFile, copyWithLibrary);
-    add("FileUtils::CopyRecursivelyOverwrite, large file/peer:cp -a", largeFile, copyWithProgram);
+    add("FileUtils::CopyRecursivelyOverwrite, large file/limit:cp -a", largeFile, copyWithProgram);
     add("FileUtils::CopyRecursivelyOverwrite, large file/peer:QFile::copy", largeFile, copyWithQt);
     return true;
 }();

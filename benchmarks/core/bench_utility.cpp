@@ -2,10 +2,10 @@
 
 // Rounding runs for every displayed value of every reading.
 
+#include "AllocationCount.h"
 #include "Utility.h"
 
 #include <array>
-#include <benchmark/benchmark.h>
 #include <cmath>
 #include <cstddef>
 
@@ -13,6 +13,8 @@ using Brimvale::Utility;
 
 namespace
 {
+
+constexpr int Decimals = 2;
 
 // Weights between -200 g and 200 g, none of them round.
 const std::array<double, 1024>& weights()
@@ -28,28 +30,31 @@ const std::array<double, 1024>& weights()
 
 void roundToDecimals(benchmark::State& state)
 {
-    const int decimals = int(state.range(0));
     std::size_t i = 0;
+    const AllocationCount::Reporter reporter(state);
     for (auto _ : state)
-        benchmark::DoNotOptimize(Utility::Round(weights()[i++ % weights().size()], decimals));
+        benchmark::DoNotOptimize(Utility::Round(weights()[i++ % weights().size()], Decimals));
 }
-BENCHMARK(roundToDecimals)->Arg(-2)->Arg(0)->Arg(2)->Arg(5);
+BENCHMARK(roundToDecimals)->Name("Utility::Round to decimals/ours");
 
 void roundToWhole(benchmark::State& state)
 {
     std::size_t i = 0;
+    const AllocationCount::Reporter reporter(state);
     for (auto _ : state)
         benchmark::DoNotOptimize(Utility::Round(weights()[i++ % weights().size()]));
 }
-BENCHMARK(roundToWhole);
+BENCHMARK(roundToWhole)->Name("Utility::Round to whole/ours");
 
 // For comparison: rounding by formatting and reading the text back.
 void roundByText(benchmark::State& state)
 {
     std::size_t i = 0;
+    const AllocationCount::Reporter reporter(state);
     for (auto _ : state)
-        benchmark::DoNotOptimize(QByteArray::number(weights()[i++ % weights().size()], 'f', 2).toDouble());
+        benchmark::DoNotOptimize(
+            QByteArray::number(weights()[i++ % weights().size()], 'f', Decimals).toDouble());
 }
-BENCHMARK(roundByText);
+BENCHMARK(roundByText)->Name("Utility::Round to decimals/peer:QByteArray::number and toDouble");
 
 } // namespace

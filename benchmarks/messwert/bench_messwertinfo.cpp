@@ -6,7 +6,10 @@
 #include "MesswertData.h"
 #include "MesswertInfo.h"
 
+#include <QMetaMethod>
+#include <QMetaProperty>
 #include <QObject>
+#include <QQmlPropertyMap>
 
 using Brimvale::MesswertData;
 using Brimvale::MesswertInfo;
@@ -117,7 +120,7 @@ void comparisonsByHand(benchmark::State& state)
     for (auto _ : state)
         benchmark::DoNotOptimize(model.shows(data));
 }
-BENCHMARK(comparisonsByHand);
+BENCHMARK(comparisonsByHand)->Name("MesswertInfo::setFromMesswertData unchanged/limit:twelve comparisons");
 
 void unchangedRecord(benchmark::State& state)
 {
@@ -138,7 +141,7 @@ void unchangedRecord(benchmark::State& state)
     if (changes != 0)
         state.SkipWithError("an unchanged record has changed the model");
 }
-BENCHMARK(unchangedRecord);
+BENCHMARK(unchangedRecord)->Name("MesswertInfo::setFromMesswertData unchanged/ours");
 
 // The yardstick: the same change with setters written by hand.
 void changedRecordByHand(benchmark::State& state)
@@ -155,7 +158,70 @@ void changedRecordByHand(benchmark::State& state)
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(changedRecordByHand);
+BENCHMARK(changedRecordByHand)->Name("MesswertInfo::setFromMesswertData changed/limit:setters by hand");
+
+// The generic model of the framework for QML, with the same properties.
+void showInMap(QQmlPropertyMap& map, const MesswertData& data)
+{
+    map.insert(QStringLiteral("messwert"), data.messwert);
+    map.insert(QStringLiteral("unit"), data.unit);
+    map.insert(QStringLiteral("stabilityValue"), data.stabilityValue);
+    map.insert(QStringLiteral("stabilityVisible"), data.stabilityValue != -1);
+    map.insert(QStringLiteral("netVisible"), data.net);
+    map.insert(QStringLiteral("ptVisible"), false);
+    map.insert(QStringLiteral("isGrobRange"), data.isGrobRange);
+    map.insert(QStringLiteral("resolutionReduction"), data.resolutionReduction);
+    map.insert(QStringLiteral("eichDigit"), data.eichDigit);
+    map.insert(QStringLiteral("isValid"), data.isValid);
+    map.insert(QStringLiteral("isCalculated"), data.isCalculated);
+    map.insert(QStringLiteral("errorText"), data.errorText);
+}
+
+// Whom the map tells about a change.
+class Listener : public QObject
+{
+    Q_OBJECT
+
+public slots:
+    void onChanged() { ++changes; }
+
+public:
+    long changes = 0;
+};
+
+void recordInMap(benchmark::State& state, bool isChanged)
+{
+    QQmlPropertyMap map;
+    const MesswertData data[] = {reading(false), reading(isChanged)};
+    showInMap(map, data[1]);
+    const QMetaObject* const type = map.metaObject();
+    Listener listener;
+    QObject::connect(
+        &map, type->property(type->indexOfProperty("messwert")).notifySignal(), &listener,
+        Listener::staticMetaObject.method(Listener::staticMetaObject.indexOfMethod("onChanged()")));
+    std::size_t i = 0;
+    {
+        const AllocationCount::Reporter reporter(state);
+        for (auto _ : state) {
+            showInMap(map, data[i++ % 2]);
+            benchmark::ClobberMemory();
+        }
+    }
+    if (listener.changes != (isChanged ? long(i) : 0))
+        state.SkipWithError("the changes of the map were not told");
+}
+
+void unchangedRecordInMap(benchmark::State& state)
+{
+    recordInMap(state, false);
+}
+BENCHMARK(unchangedRecordInMap)->Name("MesswertInfo::setFromMesswertData unchanged/peer:QQmlPropertyMap");
+
+void changedRecordInMap(benchmark::State& state)
+{
+    recordInMap(state, true);
+}
+BENCHMARK(changedRecordInMap)->Name("MesswertInfo::setFromMesswertData changed/peer:QQmlPropertyMap");
 
 void changedRecord(benchmark::State& state)
 {
@@ -176,7 +242,7 @@ void changedRecord(benchmark::State& state)
     if (changes != long(i))
         state.SkipWithError("a changed record has not changed the model");
 }
-BENCHMARK(changedRecord);
+BENCHMARK(changedRecord)->Name("MesswertInfo::setFromMesswertData changed/ours");
 
 } // namespace
 

@@ -100,7 +100,7 @@ void digitsIntoText(benchmark::State& state)
     for (auto _ : state)
         benchmark::DoNotOptimize(bareDigits(digits[i++ % digits.size()]));
 }
-BENCHMARK(digitsIntoText);
+BENCHMARK(digitsIntoText)->Name("UnitConverter::ConvertDigitToUnit/limit:bare digits");
 
 template <typename Write>
 void writing(benchmark::State& state, Write write)
@@ -116,13 +116,14 @@ QString withArg(double value)
 {
     return QStringLiteral("%1").arg(value, 0, 'f', OunceDecimals);
 }
-BENCHMARK_CAPTURE(writing, arg, withArg);
+BENCHMARK_CAPTURE(writing, arg, withArg)->Name("UnitConverter::ConvertDigitToUnit/peer:QString::arg");
 
 QString withNumber(double value)
 {
     return QString::number(value, 'f', OunceDecimals);
 }
-BENCHMARK_CAPTURE(writing, number, withNumber);
+BENCHMARK_CAPTURE(writing, number, withNumber)
+    ->Name("UnitConverter::ConvertDigitToUnit/peer:QString::number");
 
 QString withToChars(double value)
 {
@@ -131,7 +132,7 @@ QString withToChars(double value)
         std::to_chars(buffer, buffer + sizeof(buffer), value, std::chars_format::fixed, OunceDecimals);
     return QString::fromLatin1(buffer, int(end.ptr - buffer));
 }
-BENCHMARK_CAPTURE(writing, toChars, withToChars);
+BENCHMARK_CAPTURE(writing, toChars, withToChars)->Name("UnitConverter::GetValueString/peer:std::to_chars");
 
 QString withFmt(double value)
 {
@@ -139,13 +140,13 @@ QString withFmt(double value)
     const auto end = fmt::format_to(buffer, FMT_STRING("{:.3f}"), value);
     return QString::fromLatin1(buffer, int(end - buffer));
 }
-BENCHMARK_CAPTURE(writing, fmt, withFmt);
+BENCHMARK_CAPTURE(writing, fmt, withFmt)->Name("UnitConverter::GetValueString/peer:fmt");
 
 QString withValueString(double value)
 {
     return UnitConverter().GetValueString(value, OunceDecimals, 0);
 }
-BENCHMARK_CAPTURE(writing, valueString, withValueString);
+BENCHMARK_CAPTURE(writing, valueString, withValueString)->Name("UnitConverter::GetValueString/ours");
 
 template <typename Unit>
 void conversion(benchmark::State& state, const Unit& unit)
@@ -163,13 +164,16 @@ void convertWithDefinition(benchmark::State& state)
 {
     conversion(state, ounce());
 }
-BENCHMARK(convertWithDefinition);
+BENCHMARK(convertWithDefinition)->Name("UnitConverter::ConvertDigitToUnit/ours");
 
 void convertByName(benchmark::State& state)
 {
     conversion(state, ounceName());
 }
-BENCHMARK(convertByName);
+BENCHMARK(convertByName)->Name("UnitConverter::ConvertDigitToUnit by name/ours");
+
+// The yardstick of the conversion by name, measured beside it.
+BENCHMARK(convertWithDefinition)->Name("UnitConverter::ConvertDigitToUnit by name/limit:with a definition");
 
 // An idle scale shows zero.
 void convertZero(benchmark::State& state)
@@ -179,7 +183,7 @@ void convertZero(benchmark::State& state)
     for (auto _ : state)
         benchmark::DoNotOptimize(converter.ConvertDigitToUnit(0.0, Decimals, 0, false, ounce()));
 }
-BENCHMARK(convertZero);
+BENCHMARK(convertZero)->Name("UnitConverter::ConvertDigitToUnit of zero/ours");
 
 void desktopFramework(benchmark::State& state)
 {
@@ -194,6 +198,6 @@ void desktopFramework(benchmark::State& state)
         benchmark::DoNotOptimize(converter.convert(value, unit).toSymbolString(0, 'f', OunceDecimals));
     }
 }
-BENCHMARK(desktopFramework);
+BENCHMARK(desktopFramework)->Name("UnitConverter::ConvertDigitToUnit/peer:KUnitConversion");
 
 } // namespace

@@ -11,26 +11,33 @@
 namespace Brimvale
 {
 
-/// Whether `method` belongs to the class of `worker` and takes the arguments in their types. An argument that the
-/// method does not take is ignored, as it is in a connection of a signal with a slot. The meta-object compares only
-/// the number of arguments and would read an argument of another type as if it were the declared one.
-inline bool acceptsArguments(QObject* worker, const QMetaMethod& method,
-                             std::initializer_list<QGenericArgument> arguments)
+/// Whether `method` belongs to the class of `worker` and takes arguments of these types. An argument that the method
+/// does not take is ignored, as it is in a connection of a signal with a slot. The meta-object compares only the number
+/// of arguments and would read an argument of another type as if it were the declared one.
+inline bool acceptsArguments(QObject* worker, const QMetaMethod& method, std::initializer_list<int> types)
 {
-    if (!method.isValid() || method.enclosingMetaObject()->cast(worker) == nullptr
-        || method.parameterCount() > static_cast<int>(arguments.size())) {
+    const QMetaObject* const declaring = method.enclosingMetaObject();
+    if (declaring == nullptr || (worker->metaObject() != declaring && declaring->cast(worker) == nullptr)) {
         return false;
     }
-    for (int i = 0; i < method.parameterCount(); ++i) {
+    const int count = method.parameterCount();
+    if (count > static_cast<int>(types.size())) {
+        return false;
+    }
+    for (int i = 0; i < count; ++i) {
         const int declared = method.parameterType(i);
-        // The usual type is known without a search among the names of all types.
-        const char* const name = arguments.begin()[i].name();
-        const int passed = qstrcmp(name, "QVariant") == 0 ? int(QMetaType::QVariant) : QMetaType::type(name);
-        if (declared == QMetaType::UnknownType || declared != passed) {
+        if (declared == QMetaType::UnknownType || declared != types.begin()[i]) {
             return false;
         }
     }
     return true;
+}
+
+/// The type of an argument made by `Q_ARG()`. That of `QVariant` is a constant.
+template <typename Type>
+int typeOf(const QArgument<Type>&)
+{
+    return qMetaTypeId<Type>();
 }
 
 /// Calls `method` on `worker`: directly when the worker lives in the calling thread, otherwise
@@ -41,13 +48,31 @@ template <typename... Arguments>
 bool invokeWorker(QObject* worker, const QMetaMethod& method, const QGenericReturnArgument& result,
                   const Arguments&... arguments)
 {
-    if (!acceptsArguments(worker, method, {arguments...})) {
+    if (!acceptsArguments(worker, method, {typeOf(arguments)...})) {
         return false;
     }
     if (worker->thread() != QThread::currentThread()) {
         return method.invoke(worker, Qt::QueuedConnection, arguments...);
     }
     return method.invoke(worker, Qt::DirectConnection, result, arguments...);
+}
+
+/// As above for a method that returns a `QVariant`. Any other one is left to the meta-object, which warns.
+template <typename... Arguments>
+bool invokeWorker(QObject* worker, const QMetaMethod& method, QVariant& result, const Arguments&... arguments)
+{
+    // Once the types are known to be right, all that is left of QMetaMethod::invoke() is the call: its other checks
+    // cost more than that.
+    const QMetaObject* const declaring = method.enclosingMetaObject();
+    const auto call = declaring != nullptr ? declaring->d.static_metacall : nullptr;
+    if (call != nullptr && method.returnType() == QMetaType::QVariant
+        && acceptsArguments(worker, method, {typeOf(arguments)...})
+        && worker->thread() == QThread::currentThread()) {
+        void* values[] = {&result, arguments.data()...};
+        call(worker, QMetaObject::InvokeMetaMethod, method.methodIndex() - declaring->methodOffset(), values);
+        return true;
+    }
+    return invokeWorker(worker, method, QGenericReturnArgument(Q_RETURN_ARG(QVariant, result)), arguments...);
 }
 
 } // namespace Brimvale

@@ -177,8 +177,11 @@ void LoadChange::onNewMeasurementValue()
     if (!m_active || m_state != Watching) {
         return;
     }
-    const qint32 value =
-        saturatingCast<qint32>(m_registers->GetRegisterValue(ISystemRegister::CurrentRegister));
+    const double measured = m_registers->GetRegisterValue(ISystemRegister::CurrentRegister);
+    if (m_bandLow <= measured && measured <= m_bandHigh) {
+        return; // then the digits without their fraction are in the band too
+    }
+    const auto value = saturatingCast<qint32>(measured);
     if (m_bandLow <= value && value <= m_bandHigh) {
         return;
     }
@@ -188,3 +191,6 @@ void LoadChange::onNewMeasurementValue()
 }
 
 } // namespace Brimvale
+
+// In the same source file the slots are part of the delivery of signals, which comes with every measured value.
+#include "moc_LoadChange.cpp"

@@ -3,8 +3,52 @@
 
 #include "MesswertData.h"
 
+#include <cstring>
+
 namespace Brimvale
 {
+
+namespace
+{
+
+/// Whether two texts have the same contents. Those of a display are a few characters, for which a call of the general
+/// comparison takes longer than the comparison: most readings are like the one before, and this is all they cost.
+bool isSame(const QString& a, const QString& b)
+{
+    constexpr int BlockSize = sizeof(quint64) / sizeof(QChar);
+    const int size = a.size();
+    if (size != b.size()) {
+        return false;
+    }
+    const QChar* const textA = a.constData();
+    const QChar* const textB = b.constData();
+    if (textA == textB) {
+        return true;
+    }
+    if (size < BlockSize) {
+        for (int i = 0; i < size; ++i) {
+            if (textA[i] != textB[i]) {
+                return false;
+            }
+        }
+        return true;
+    }
+    const auto isSameBlock = [textA, textB](int position) {
+        quint64 blockA = 0;
+        quint64 blockB = 0;
+        std::memcpy(&blockA, textA + position, sizeof(blockA));
+        std::memcpy(&blockB, textB + position, sizeof(blockB));
+        return blockA == blockB;
+    };
+    for (int position = 0; position < size - BlockSize; position += BlockSize) {
+        if (!isSameBlock(position)) {
+            return false;
+        }
+    }
+    return isSameBlock(size - BlockSize); // the last block may overlap the one before
+}
+
+} // namespace
 
 MesswertInfo::MesswertInfo(QObject* parent, const QString& messwert, const QString& unit,
                            bool messwertVisible, int eichDigit, bool isValid, bool isCalculated,
@@ -54,7 +98,7 @@ QString MesswertInfo::messwert() const
 
 void MesswertInfo::setMesswert(const QString& messwert)
 {
-    if (m_messwert == messwert) {
+    if (isSame(m_messwert, messwert)) {
         return;
     }
     m_messwert = messwert;
@@ -68,7 +112,7 @@ QString MesswertInfo::unit() const
 
 void MesswertInfo::setUnit(const QString& unit)
 {
-    if (m_unit == unit) {
+    if (isSame(m_unit, unit)) {
         return;
     }
     m_unit = unit;
@@ -166,7 +210,7 @@ QString MesswertInfo::messwertKlein() const
 
 void MesswertInfo::setMesswertKlein(const QString& messwertKlein)
 {
-    if (m_messwertKlein == messwertKlein) {
+    if (isSame(m_messwertKlein, messwertKlein)) {
         return;
     }
     m_messwertKlein = messwertKlein;
@@ -180,7 +224,7 @@ QString MesswertInfo::unitKlein() const
 
 void MesswertInfo::setUnitKlein(const QString& unitKlein)
 {
-    if (m_unitKlein == unitKlein) {
+    if (isSame(m_unitKlein, unitKlein)) {
         return;
     }
     m_unitKlein = unitKlein;
@@ -264,7 +308,7 @@ QString MesswertInfo::netText() const
 
 void MesswertInfo::setNetText(const QString& netText)
 {
-    if (m_netText == netText) {
+    if (isSame(m_netText, netText)) {
         return;
     }
     m_netText = netText;
@@ -278,7 +322,7 @@ QString MesswertInfo::ptText() const
 
 void MesswertInfo::setPtText(const QString& ptText)
 {
-    if (m_ptText == ptText) {
+    if (isSame(m_ptText, ptText)) {
         return;
     }
     m_ptText = ptText;
@@ -292,7 +336,7 @@ QString MesswertInfo::errorText() const
 
 void MesswertInfo::setErrorText(const QString& errorText)
 {
-    if (m_errorText == errorText) {
+    if (isSame(m_errorText, errorText)) {
         return;
     }
     m_errorText = errorText;
@@ -416,3 +460,6 @@ void MesswertInfo::setFromMesswertData(MesswertData* data)
 }
 
 } // namespace Brimvale
+
+// In the same source file the signals are part of the setters: a change costs no more calls than it must.
+#include "moc_MesswertInfo.cpp"

@@ -4,6 +4,8 @@
 #include "core/Logging.h"
 #include "core/WorkerInvocation.h"
 
+#include <utility>
+
 namespace Brimvale
 {
 
@@ -96,15 +98,15 @@ void ActionBase::doAction()
     const QMetaMethod method = m_workerMethod;
     const QVariant data = m_data;
     QVariant result;
-    invokeWorker(worker, method, Q_RETURN_ARG(QVariant, result), Q_ARG(QVariant, data));
+    invokeWorker(worker, method, result, Q_ARG(QVariant, data));
     if (self) {
-        emit workDone(result);
+        emit workDone(std::move(result));
     }
 }
 
 void ActionBase::doAction(QVariant data)
 {
-    m_data = data;
+    m_data = std::move(data);
     doAction();
 }
 

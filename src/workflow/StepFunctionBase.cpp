@@ -80,8 +80,7 @@ void StepFunctionBase::startFunction(QVariant argument, QVariant data)
     }
     const QPointer<StepFunctionBase> self(this);
     QVariant returnValue;
-    invokeWorker(worker, method, Q_RETURN_ARG(QVariant, returnValue), Q_ARG(QVariant, argument),
-                 Q_ARG(QVariant, data));
+    invokeWorker(worker, method, returnValue, Q_ARG(QVariant, argument), Q_ARG(QVariant, data));
     if (self.isNull()) {
         return;
     }

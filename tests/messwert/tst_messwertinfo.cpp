@@ -216,6 +216,8 @@ private slots:
     void propertyIsReadAndWrittenByName_data() { addPropertyRows(); }
     void propertyIsReadAndWrittenByName();
     void textsAreComparedByContent();
+    void everyCharacterOfATextCounts_data();
+    void everyCharacterOfATextCounts();
     void translateTextDoesNothing();
 
     void loadingTakesOverTheMainDisplay();
@@ -328,6 +330,39 @@ void TestMesswertInfo::textsAreComparedByContent()
     m_info->setErrorText(QStringLiteral(""));
     m_info->setMesswert(QStringLiteral("12.3") + QLatin1Char('4'));
     QCOMPARE(m_recorder->emitted, QStringList());
+}
+
+void TestMesswertInfo::everyCharacterOfATextCounts_data()
+{
+    QTest::addColumn<int>("size");
+    for (int size = 0; size <= 13; ++size) {
+        QTest::addRow("%d characters", size) << size;
+    }
+}
+
+void TestMesswertInfo::everyCharacterOfATextCounts()
+{
+    QFETCH(int, size);
+    const QString text = QStringLiteral("0123456789abc").left(size);
+    m_info->setMesswert(text);
+    QSignalSpy spy(m_info.get(), &MesswertInfo::messwertChanged);
+    m_info->setMesswert(QString(text.constData(), size)); // the same characters elsewhere
+    QCOMPARE(spy.count(), 0);
+    for (int i = 0; i < size; ++i) {
+        // Both bytes of a character count.
+        for (ushort other : {ushort('x'), ushort(text.at(i).unicode() + 0x100)}) {
+            QString changed = text;
+            changed[i] = QChar(other);
+            m_info->setMesswert(changed);
+            QCOMPARE(spy.count(), 1);
+            QCOMPARE(m_info->messwert(), changed);
+            m_info->setMesswert(text);
+            QCOMPARE(spy.count(), 2);
+            spy.clear();
+        }
+    }
+    m_info->setMesswert(text + QLatin1Char('0'));
+    QCOMPARE(spy.count(), 1);
 }
 
 void TestMesswertInfo::translateTextDoesNothing()

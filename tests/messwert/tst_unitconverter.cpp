@@ -298,6 +298,14 @@ private:
     std::mt19937 m_random;
 };
 
+/// How many texts are compared with those of the formatter.
+int textCount()
+{
+    bool isNumber = false;
+    const int wanted = qEnvironmentVariableIntValue("BRIMVALE_TEXT_COUNT", &isNumber);
+    return isNumber ? wanted : 1000000;
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(LegalUnit)
@@ -344,6 +352,7 @@ private slots:
     void extremeArguments_data();
     void extremeArguments();
     void textsAreThoseOfTheFormatter();
+    void convertedTextsAreThoseOfTheFormatter();
 };
 
 void TestUnitConverter::powersOfTen()
@@ -986,9 +995,7 @@ void TestUnitConverter::extremeArguments()
 
 void TestUnitConverter::textsAreThoseOfTheFormatter()
 {
-    bool isNumber = false;
-    const int wanted = qEnvironmentVariableIntValue("BRIMVALE_TEXT_COUNT", &isNumber);
-    const int count = isNumber ? wanted : 1000000;
+    const int count = textCount();
     UnitConverter converter;
     Values values(31);
     int shown = 0;
@@ -1011,6 +1018,44 @@ void TestUnitConverter::textsAreThoseOfTheFormatter()
     }
     // Or else the texts compared would be few.
     QVERIFY2(shown > count / 3, qPrintable(QStringLiteral("only %1 texts are shown").arg(shown)));
+}
+
+void TestUnitConverter::convertedTextsAreThoseOfTheFormatter()
+{
+    const char* const names[] = {"g", "mg", "kg", "GN", "ozt", "oz", "lb", "ct", "tola", "bht"};
+    const int count = textCount();
+    UnitConverter converter;
+    Values values(41);
+    int shown = 0;
+    int negativeZeros = 0;
+    for (int i = 0; i < count; ++i) {
+        const double digits = values.below(4) == 0 ? values.value() : values.between(-3000000, 3000000);
+        const int decimals = values.between(-2, 6);
+        const int maxReduction = values.between(-1, 3);
+        const bool isGrobRange = values.below(2) == 0;
+        const char* const name = names[values.below(sizeof(names) / sizeof(names[0]))];
+        const double factor = values.below(2) == 0 ? 1.0 : 5.0 * values.fraction();
+        const int rounding = values.below(2) == 0 ? 1 : values.between(2, 10);
+        const MesswertData data =
+            i % 2 == 0 ? converter.ConvertDigitToUnit(digits, decimals, maxReduction, isGrobRange,
+                                                      QString::fromLatin1(name))
+                       : converter.ConvertDigitToUnit(
+                           digits, decimals, maxReduction, isGrobRange,
+                           definition(name, factor, values.between(-2, 8), rounding, values.below(4) == 0));
+        const QString text = plainValueString(data.value, data.decimals, data.resolutionReduction);
+        if (data.messwert != text) {
+            QFAIL(qPrintable(QStringLiteral("%1 with %2 decimals, %3 reduced: '%4', of the formatter '%5'")
+                                 .arg(data.value, 0, 'g', 17)
+                                 .arg(data.decimals)
+                                 .arg(data.resolutionReduction)
+                                 .arg(data.messwert, text)));
+        }
+        shown += text == QLatin1String("OF") ? 0 : 1;
+        negativeZeros += digits == 0.0 && std::signbit(digits) ? 1 : 0;
+    }
+    // Or else there would be little to compare.
+    QVERIFY2(shown > count / 3, qPrintable(QStringLiteral("only %1 texts are shown").arg(shown)));
+    QVERIFY(negativeZeros > 0);
 }
 
 QTEST_APPLESS_MAIN(TestUnitConverter)
