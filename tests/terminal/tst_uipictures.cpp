@@ -5,6 +5,13 @@
 #include "InfoValueUnit.h"
 #include "Progressbar.h"
 #include "TerminalFixture.h"
+#include "clock/VirtualClock.h"
+#include "print/FilePrinter.h"
+#include "print/Formatter.h"
+#include "print/PaperRoll.h"
+#include "print/PdfPrinter.h"
+#include "print/PrintQueue.h"
+#include "ui/PrinterModel.h"
 
 #include <QDir>
 #include <QImage>
@@ -27,6 +34,8 @@ private slots:
     void initTestCase();
     void state_data();
     void state();
+    void pdf_data();
+    void pdf();
 
 private:
     QTemporaryDir m_temporary;
@@ -83,6 +92,72 @@ WorkflowView showWorkflow(TerminalFixture& terminal, WorkflowView::ScreenType ty
                                           {WorkflowRunner::abortKey(), QStringLiteral("Abort")},
                                           {QStringLiteral("tare"), QStringLiteral("Tare")}});
     return view;
+}
+
+/// A printer beside the terminal.
+struct Printer : public QObject
+{
+    explicit Printer(QObject* parent)
+        : QObject(parent)
+    {
+        queue.setPrinter(std::make_unique<RollPrinter>(paper));
+    }
+
+    VirtualClock clock;
+    PaperRoll paper;
+    PrintQueue queue{clock};
+    PrinterModel model{queue, paper};
+};
+
+Printer* usePrinter(TerminalFixture& terminal)
+{
+    auto* const printer = new Printer(&terminal.standIn);
+    terminal.startApplication();
+    terminal.bench.setPage(QStringLiteral("printer"));
+    terminal.bench.setPrinter(&printer->model);
+    return printer;
+}
+
+PrintJob delivery(int columns)
+{
+    const QString title = QStringLiteral(u"Wareneingang Größe A");
+    PrintJob job(title, columns);
+    Formatter formatter;
+    const auto text = [&](const char* line) {
+        job.PrintLine(formatter.FormatText(columns, QString::fromUtf8(line)));
+    };
+    const auto described = [&](const char* name, const char* line) {
+        job.PrintLine(
+            formatter.FormatDescriptionText(columns, QString::fromUtf8(name), QString::fromUtf8(line)));
+    };
+    text("Mühle & Söhne GmbH");
+    text("Wareneingang");
+    text("");
+    described("Datum", "2026-01-01 08:15");
+    described("Seriennummer", "0012345678");
+    described("Prüfer", "Jürgen Groß");
+    described("Artikel", "样品 17/A");
+    text("");
+    FormattedValue value;
+    value.isStable = true;
+    value.text = QStringLiteral("1384.6 g");
+    job.PrintLine(formatter.FormatNameValue(columns, QStringLiteral("Brutto"), value, false));
+    described("Tara", "100.0 g");
+    value.text = QStringLiteral("1284.6 g");
+    value.isStable = false;
+    job.PrintLine(formatter.FormatNameValue(columns, QStringLiteral("Netto"), value, false));
+    value.text = QStringLiteral("1284.45 g");
+    value.isStable = true;
+    value.valueMark = Formatter::CalculatedMark;
+    job.PrintLine(
+        formatter.FormatNameValue(columns, QStringLiteral("Mittelwert der letzten Proben"), value, false));
+    job.PrintLine(formatter.FormatNameValueUnit(columns, QStringLiteral("Proben"), QStringLiteral("12"),
+                                                QStringLiteral("Stk")));
+    text("");
+    described("Unterschrift", "");
+    text("");
+    text("________________________");
+    return job;
 }
 
 } // namespace
@@ -314,6 +389,37 @@ void tst_UiPictures::state_data()
             figures(terminal);
             showWorkflow(terminal, WorkflowView::Band);
         });
+    row("bench-printer-roll", names({"printerState", "printerFault:ok", "tearOff", "paper"}),
+        [](TerminalFixture& terminal) {
+            Printer* const printer = usePrinter(terminal);
+            printer->queue.submit(delivery(24));
+        });
+    row("bench-printer-roll-40", names({"paper"}), [](TerminalFixture& terminal) {
+        Printer* const printer = usePrinter(terminal);
+        for (int count = 0; count < 3; ++count)
+            printer->queue.submit(delivery(40));
+    });
+    row("bench-printer-roll-80", names({"paper"}),
+        [](TerminalFixture& terminal) { usePrinter(terminal)->queue.submit(delivery(80)); });
+    row("bench-printer-paper-out",
+        names({"printQueue", "repeatPrint:2", "deletePrint:2", "deletePrint:3", "tearOff"}),
+        [](TerminalFixture& terminal) {
+            Printer* const printer = usePrinter(terminal);
+            printer->queue.submit(delivery(24));
+            printer->queue.setFault(PrinterFault::PaperOut);
+            printer->queue.submit(delivery(24));
+            printer->queue.submit(delivery(24));
+        });
+    row("bench-printer-file-german", names({"printerState", "printerFault:slow", "printQueue"}),
+        [](TerminalFixture& terminal) {
+            Printer* const printer = usePrinter(terminal);
+            terminal.instrument.setLanguage(QStringLiteral("de"));
+            printer->queue.setPrinter(
+                std::make_unique<FilePrinter>(QStringLiteral("/var/spool/weighing/print-outs.txt")));
+            printer->queue.setFault(PrinterFault::Offline);
+            printer->queue.submit(delivery(24));
+            printer->model.retranslate();
+        });
     row("without-bench", names({"value"}), [](TerminalFixture& terminal) {
         figures(terminal);
         terminal.window.setBenchVisible(false);
@@ -339,6 +445,27 @@ void tst_UiPictures::state()
         QVERIFY2(terminal.shown(name), qPrintable(name));
     }
     QCOMPARE(terminal.window.takeQmlWarnings(), QStringList());
+}
+
+void tst_UiPictures::pdf_data()
+{
+    QTest::addColumn<int>("columns");
+    for (const int columns : {24, 40, 80})
+        QTest::addRow("%d columns", columns) << columns;
+}
+
+/// A print-out as a PDF file, kept beside the pictures.
+void tst_UiPictures::pdf()
+{
+    QFETCH(int, columns);
+    VirtualClock clock;
+    PrintQueue queue(clock);
+    const QString name = QStringLiteral("%1/print-out-%2.pdf").arg(m_directory).arg(columns);
+    QFile::remove(name);
+    queue.setPrinter(std::make_unique<PdfPrinter>(name, [&clock] { return clock.dateTime(); }));
+    QVERIFY(queue.submit(delivery(columns)));
+    QCOMPARE(queue.printedCount(), 1);
+    QVERIFY(QFile::exists(name));
 }
 
 QTEST_MAIN(tst_UiPictures)

@@ -54,17 +54,17 @@ Item {
 
         Repeater {
             model: [
-                {fault: "ok", text: qsTr("All well")},
-                {fault: "paper out", text: qsTr("No paper")},
-                {fault: "offline", text: qsTr("Offline")},
-                {fault: "slow", text: qsTr("Slow")}
+                {fault: "ok", text: qsTr("OK"), width: 56},
+                {fault: "paper out", text: qsTr("No paper"), width: 92},
+                {fault: "offline", text: qsTr("Offline"), width: 72},
+                {fault: "slow", text: qsTr("Slow"), width: 72}
             ]
 
             BenchKey {
                 readonly property bool chosen: page.printer ? page.printer.fault === modelData.fault : false
 
                 objectName: "printerFault:" + modelData.fault
-                width: (page.content - 3 * faultKeys.spacing) / 4
+                width: modelData.width
                 height: 36
                 text: modelData.text
                 textSize: 14
@@ -84,7 +84,7 @@ Item {
         x: page.margin
         y: 100
         width: page.content
-        height: visible ? Math.min(contentHeight, 2 * 84 + Theme.unit) : 0
+        height: visible ? Math.min(contentHeight, 176) : 0
         clip: true
         spacing: Theme.unit
         boundsBehavior: Flickable.StopAtBounds
@@ -92,7 +92,7 @@ Item {
 
         delegate: Rectangle {
             width: queue.width
-            height: 84
+            height: modelData.failed ? 104 : 56
             radius: Theme.radius
             color: Theme.display
 
@@ -121,7 +121,7 @@ Item {
                 textFormat: Text.PlainText
                 wrapMode: Text.Wrap
                 elide: Text.ElideRight
-                maximumLineCount: 3
+                maximumLineCount: 4
                 font.pixelSize: 13
                 color: modelData.failed ? Theme.error : Theme.inkSoft
             }
@@ -136,7 +136,7 @@ Item {
                     objectName: "repeatPrint:" + modelData.id
                     visible: modelData.failed
                     width: 92
-                    height: 34
+                    height: 42
                     textSize: 14
                     ground: Theme.accent
                     foreground: "white"
@@ -146,7 +146,7 @@ Item {
                 BenchKey {
                     objectName: "deletePrint:" + modelData.id
                     width: 92
-                    height: 34
+                    height: 42
                     textSize: 14
                     ground: Theme.field
                     text: qsTr("Delete")
@@ -229,8 +229,12 @@ Item {
         flickableDirection: paperWidth > width ? Flickable.HorizontalAndVerticalFlick : Flickable.VerticalFlick
         boundsBehavior: Flickable.StopAtBounds
         model: page.printer ? page.printer.paper : null
-        onCountChanged: Qt.callLater(positionViewAtEnd)
-        onHeightChanged: Qt.callLater(positionViewAtEnd)
+        // What is printed last is what is looked at.
+        function showEnd() {
+            contentY = originY + Math.max(0, contentHeight - height)
+        }
+        onContentHeightChanged: showEnd()
+        onHeightChanged: showEnd()
 
         header: PaperEdge {
             width: paper.paperWidth
@@ -287,6 +291,15 @@ Item {
     ScrollMark {
         visible: page.onRoll && paper.visibleArea.heightRatio < 1
         target: paper
+    }
+    Rectangle {
+        visible: page.onRoll && paper.visibleArea.widthRatio < 1
+        x: paper.x + paper.visibleArea.xPosition * paper.width
+        y: slot.y - height
+        width: paper.visibleArea.widthRatio * paper.width
+        height: 4
+        radius: 2
+        color: Theme.inkFaint
     }
     Text {
         visible: page.printer !== null && !page.onRoll

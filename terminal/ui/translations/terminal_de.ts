@@ -61,10 +61,6 @@
 <context>
     <name>BenchPrinterPage</name>
     <message>
-        <source>All well</source>
-        <translation>In Ordnung</translation>
-    </message>
-    <message>
         <source>No paper</source>
         <translation>Kein Papier</translation>
     </message>
@@ -95,6 +91,10 @@
     <message>
         <source>What is printed does not appear here: this terminal prints elsewhere.</source>
         <translation>Was gedruckt wird, erscheint nicht hier: Dieses Terminal druckt woandershin.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
