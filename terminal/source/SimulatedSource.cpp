@@ -178,7 +178,9 @@ void SimulatedSource::deliver(qint64 timeMs)
     if (digits > m_readability.toDigits(m_capacity) + OverloadIncrements * increment) {
         emit reading(Reading::invalid(timeMs, Reading::Status::Overload,
                                       tr("More than %1 g.").arg(QString::number(m_capacity, 'g', 10))));
-    } else if (digits < -UnderloadIncrements * increment) {
+    } else if (digits < -UnderloadIncrements * increment
+               && m_readability.round(m_load + m_drifted) < -UnderloadIncrements * increment) {
+        // A cell that swings below its end after a load was taken off has not lost its pan.
         emit reading(Reading::invalid(timeMs, Reading::Status::Underload, tr("The load is below zero.")));
     } else {
         emit reading(Reading::valid(timeMs, m_readability.toGrams(digits)));
