@@ -45,6 +45,29 @@ public:
     void setAutoTare(bool autoTare) override;
     void setLastSample(double lastSample) override;
 
+    // What the detector does, for displays and tests. Values are in digits.
+
+    /// The states of the detector, as `setTrigger()` takes them.
+    enum State
+    {
+        Armed = 0,    ///< waits for a stable value
+        Watching = 1, ///< has a band and waits for a value outside it
+        Triggered = 2 ///< has fired and waits to be armed again
+    };
+
+    /// The state: one of `State`, unless `setTrigger()` was given another number.
+    int state() const { return m_state; }
+    /// The mode of the last `Start()`, a failed one included.
+    LoadChangeMode mode() const { return m_mode; }
+    /// Half the width of the band: digits, or percent in the percent modes.
+    quint32 range() const { return m_range; }
+    /// Stable values up to this one set no band, unless `isMinimumIgnored()`.
+    qint32 minimum() const { return m_minimum; }
+    bool isMinimumIgnored() const { return m_ignoreMinimum; }
+    /// The bounds of the band; values on them lie inside. 0 before the first band.
+    qint32 bandLow() const { return m_bandLow; }
+    qint32 bandHigh() const { return m_bandHigh; }
+
 signals:
     /// The load has changed: the detector has triggered.
     void NotifyLoadChangedTriggerd() override;

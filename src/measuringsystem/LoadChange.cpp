@@ -14,13 +14,6 @@ namespace Brimvale
 namespace
 {
 
-enum State : qint32
-{
-    Armed = 0,
-    Watching = 1,
-    Triggered = 2
-};
-
 // While the minimum is ignored, only values at or below this one are no load.
 constexpr qint32 NoLoad = -1000000000;
 
