@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "app/CommandLine.h"
 
+#include "host/Units.h"
 #include "print/Formatter.h"
 #include "source/DecimalText.h"
 
@@ -51,6 +52,11 @@ constexpr OptionInfo OptionTable[] = {
      nullptr, false},
     {"readability", "G", "display increment in grams: 1, 2 or 5 times a power of ten", nullptr, false},
     {"capacity", "G", "largest load in grams", nullptr, false},
+    {"coarse-above", "G", "load in grams above which the increment is ten times as large", nullptr, false},
+    {"units", "U,...",
+     "units that the unit key offers, such as g,kg,ct (default: all of g, mg, kg,\n"
+     "GN, dwt, ozt, oz, lb, ct, C.M., tlh, tls, tlt, mom, tola and bht)",
+     nullptr, false},
     {"stability", "S,N",
      "a weight is stable when it stays within N increments for S seconds\n"
      "(default 1,1)",
@@ -300,6 +306,19 @@ bool CommandLine::readValues(const QCommandLineParser& parser)
             return bad("capacity",
                        QStringLiteral("give the largest load in grams, above 0 and up to 1000000000"));
         m_options.capacity = *grams;
+    }
+    if (isSet("coarse-above")) {
+        const std::optional<double> grams = number(value("coarse-above"));
+        if (!grams || !(*grams > 0.0) || *grams > 1.0e9)
+            return bad("coarse-above", QStringLiteral("give a load in grams, above 0 and up to 1000000000"));
+        m_options.coarseAbove = *grams;
+    }
+    if (isSet("units")) {
+        QString unknown;
+        m_options.units = Units::enableMask(value("units").split(QLatin1Char(',')), &unknown);
+        if (m_options.units == 0)
+            return bad("units", QStringLiteral("there is no unit \"%1\"; there are: %2")
+                                    .arg(unknown, Units::allNames().join(QStringLiteral(", "))));
     }
     if (isSet("stability")) {
         QString error;

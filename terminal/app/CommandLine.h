@@ -43,7 +43,9 @@ struct Options
     Pace pace = Pace::Unset;
     double speedFactor = 1.0; ///< Only for Pace::Factor.
     std::optional<Readability> readability;
-    double capacity = 0.0; ///< Grams; 0: the source's.
+    double capacity = 0.0;    ///< Grams; 0: the source's.
+    double coarseAbove = 0.0; ///< Grams; 0: there is no coarse range.
+    int units = 0;            ///< Bits of UnitDef::UnitEnableFlag; 0: all.
     StabilitySettings stability;
     quint64 seed = 1; ///< Of the simulated scale's noise.
 

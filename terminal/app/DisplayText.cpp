@@ -35,6 +35,16 @@ DisplayText DisplayText::of(const InstrumentModel& instrument)
     text.stable =
         display->property("stabilityVisible").toBool() && display->property("stabilityValue").toInt() > 0;
     text.net = display->property("netVisible").toBool();
+    text.coarse = display->property("isGrobRange").toBool();
+    const QObject* small = display;
+    if (!small->property("messwertKleinVisible").toBool())
+        small = instrument.terminalDisplay();
+    if (small && small->property("messwertKleinVisible").toBool()) {
+        text.small = small->property("messwertKlein").toString();
+        const QString unit = small->property("unitKlein").toString();
+        if (!text.small.isEmpty() && !unit.isEmpty())
+            text.small += QLatin1Char(' ') + unit;
+    }
     return text;
 }
 

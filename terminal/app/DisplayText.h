@@ -21,6 +21,8 @@ struct DisplayText
     bool stable = false; ///< The stability mark is lit.
     bool net = false;    ///< The net mark is lit.
     bool error = false;  ///< value is an error.
+    QString small;       ///< The small display with its unit; empty: it shows nothing.
+    bool coarse = false; ///< The mark of the coarse range is lit.
 
     /// All of it in one line: "36.4 g  stable  net", "Overload", "nothing".
     QString line() const;

@@ -43,6 +43,17 @@ namespace
 
 const QString LanguageKey = QStringLiteral("terminal/language");
 const QString SerialNumberKey = QStringLiteral("terminal/serialNumber");
+// What was chosen of units, approval and automatic transfer.
+const QString MainUnitKey = QStringLiteral("units/main");
+const QString SmallUnitKey = QStringLiteral("units/small");
+const QString UnitsOnlyKey = QStringLiteral("approval/approvedUnitsOnly");
+const QString CaratKey = QStringLiteral("approval/caratAllowed");
+const QString DecimalsKey = QStringLiteral("approval/minimumDecimals");
+const QString AuxiliaryKey = QStringLiteral("approval/auxiliaryDigit");
+const QString ReducedKey = QStringLiteral("approval/reducedDigits");
+const QString TransferModeKey = QStringLiteral("automaticTransfer/mode");
+const QString ThresholdKey = QStringLiteral("automaticTransfer/threshold");
+const QString MinimumLoadKey = QStringLiteral("automaticTransfer/minimumLoad");
 const QString PositionKey = QStringLiteral("terminal/windowPosition");
 
 /// How long a notice stays that only informs; the screen does the same in a window.
@@ -94,6 +105,7 @@ ScaleSettings scaleSettings(const Options& options)
     settings.readability = options.readability;
     settings.capacity = options.capacity;
     settings.stability = options.stability;
+    settings.coarseAbove = options.coarseAbove;
     return settings;
 }
 
@@ -165,6 +177,8 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
     connectSimulation();
     connectInstrument();
     connectProtocol();
+    connectUnits();
+    connectTransfer();
     m_scale.setSource(m_source.get());
     updatePlate();
 }
@@ -175,6 +189,7 @@ Session::~Session()
     m_clock.cancel(m_noticeTimer);
     // What the host tells while it goes finds nobody to listen.
     disconnect(m_host.get(), nullptr, this, nullptr);
+    disconnect(&m_instrument, nullptr, this, nullptr);
     m_host->calls().setTrace({});
 }
 
@@ -354,6 +369,219 @@ void Session::updateProtocol()
     model->setSelection(Protocol::nameOf(choice.type), Protocol::nameOf(choice.part), trigger);
 }
 
+void Session::connectUnits()
+{
+    Units* const units = &m_host->units();
+    connect(units, &Units::changed, this, &Session::updateDisplay);
+    connect(units, &Units::changed, this, &Session::updateBenchUnits);
+    connect(units, &Units::changed, this, [this, units] {
+        store(MainUnitKey, units->chosenMainUnit());
+        store(SmallUnitKey, units->chosenSmallUnit());
+    });
+    connect(&m_host->weighingParameters(), &WeighingParameterService::changed, this,
+            &Session::updateBenchUnits);
+    // What the small display shows depends on whether an application has a display of its own.
+    connect(&m_instrument, &InstrumentModel::displayChanged, this, &Session::updateDisplay);
+    connect(&m_instrument, &InstrumentModel::unitPressed, units, &Units::stepMainUnit);
+    connect(&m_instrument, &InstrumentModel::smallUnitPressed, units, &Units::stepSmallUnit);
+
+    BenchUnitsModel* const bench = &m_bench.units();
+    connect(bench, &BenchUnitsModel::mainUnitRequested, units, &Units::setMainUnit);
+    connect(bench, &BenchUnitsModel::parameterSetRequested, this, &Session::useParameterSet);
+    connect(bench, &BenchUnitsModel::approvedUnitsOnlyRequested, this,
+            [this](bool on) { changeApproval([on](ApprovalSettings& a) { a.approvedUnitsOnly = on; }); });
+    connect(bench, &BenchUnitsModel::caratAllowedRequested, this,
+            [this](bool on) { changeApproval([on](ApprovalSettings& a) { a.caratAllowed = on; }); });
+    connect(bench, &BenchUnitsModel::auxiliaryDigitRequested, this,
+            [this](bool on) { changeApproval([on](ApprovalSettings& a) { a.auxiliaryDigit = on; }); });
+    connect(bench, &BenchUnitsModel::minimumDecimalsRequested, this, [this](int decimals) {
+        changeApproval([decimals](ApprovalSettings& a) { a.minimumDecimals = decimals; });
+    });
+    connect(bench, &BenchUnitsModel::reducedDigitsRequested, this, [this](int digits) {
+        changeApproval([digits](ApprovalSettings& a) { a.reducedDigits = digits; });
+    });
+    units->setEnabledUnits(m_options.units);
+    updateBenchUnits();
+}
+
+void Session::changeApproval(const std::function<void(ApprovalSettings&)>& change)
+{
+    ApprovalSettings approval = m_host->units().approval();
+    change(approval);
+    m_host->units().setApproval(approval);
+    approval = m_host->units().approval();
+    store(UnitsOnlyKey, approval.approvedUnitsOnly);
+    store(CaratKey, approval.caratAllowed);
+    store(DecimalsKey, approval.minimumDecimals);
+    store(AuxiliaryKey, approval.auxiliaryDigit);
+    store(ReducedKey, approval.reducedDigits);
+}
+
+void Session::connectTransfer()
+{
+    AutomaticTransfer* const transfer = &m_host->automaticTransfer();
+    connect(&m_host->loadChangeMonitor(), &LoadChangeMonitor::changed, this, &Session::updateBenchTransfer);
+    connect(transfer, &AutomaticTransfer::decisionChanged, this, &Session::updateBenchTransfer);
+    connect(transfer, &AutomaticTransfer::settingsChanged, this, [this, transfer] {
+        store(TransferModeKey, AutomaticTransferSettings::nameOf(transfer->settings().mode));
+        store(ThresholdKey, transfer->settings().threshold);
+        store(MinimumLoadKey, transfer->settings().minimumLoad);
+    });
+    connect(&m_bench.transfer(), &BenchTransferModel::settingsRequested, this,
+            [this](const QString& mode, double threshold, double minimumLoad) {
+                AutomaticTransferSettings settings;
+                bool known = false;
+                settings.mode = AutomaticTransferSettings::modeOf(mode, &known);
+                settings.threshold = threshold;
+                settings.minimumLoad = minimumLoad;
+                QString error;
+                if (known && !m_host->automaticTransfer().setSettings(settings, &error))
+                    m_host->notices().post(NoticeSeverity::Warning, error);
+            });
+    updateBenchTransfer();
+}
+
+template <typename Value>
+void Session::store(const QString& key, const Value& value)
+{
+    if (m_settings && !m_restoring && m_settings->value(key) != QVariant(value))
+        m_settings->setValue(key, value);
+}
+
+/// What was chosen in an earlier run. What the file says wrongly is told and left as it was at first.
+void Session::restoreSettings()
+{
+    if (!m_settings)
+        return;
+    ApprovalSettings approval;
+    approval.approvedUnitsOnly = m_settings->value(UnitsOnlyKey, false).toBool();
+    approval.caratAllowed = m_settings->value(CaratKey, false).toBool();
+    approval.minimumDecimals = m_settings->value(DecimalsKey, 0).toInt();
+    approval.auxiliaryDigit = m_settings->value(AuxiliaryKey, false).toBool();
+    approval.reducedDigits = m_settings->value(ReducedKey, 0).toInt();
+    m_host->units().setApproval(approval);
+    const QString mainUnit = m_settings->value(MainUnitKey, QStringLiteral("g")).toString();
+    const QString smallUnit = m_settings->value(SmallUnitKey).toString();
+    for (const QString& unit : {mainUnit, smallUnit}) {
+        if (!unit.isEmpty() && !Units::allNames().contains(unit))
+            reportError(tr("%1: there is no unit \"%2\"; there are: %3")
+                            .arg(m_settings->fileName(), unit, Units::allNames().join(QStringLiteral(", "))));
+    }
+    m_host->units().restore(mainUnit, smallUnit);
+
+    AutomaticTransferSettings transfer;
+    const QString mode = m_settings->value(TransferModeKey, QStringLiteral("off")).toString();
+    bool known = false;
+    transfer.mode = AutomaticTransferSettings::modeOf(mode, &known);
+    transfer.threshold = m_settings->value(ThresholdKey, 0.0).toDouble();
+    transfer.minimumLoad = m_settings->value(MinimumLoadKey, 0.0).toDouble();
+    QString error;
+    if (!known)
+        reportError(tr("%1: the automatic transfer has no mode \"%2\"; there are: %3")
+                        .arg(m_settings->fileName(), mode,
+                             AutomaticTransferSettings::modeNames().join(QStringLiteral(", "))));
+    else if (!m_host->automaticTransfer().setSettings(transfer, &error))
+        reportError(m_settings->fileName() + QStringLiteral(": ") + error);
+    m_restoring = false;
+}
+
+void Session::updateBenchUnits()
+{
+    const Units& units = m_host->units();
+    const WeighingParameterService& parameters = m_host->weighingParameters();
+    BenchUnitsState state;
+    state.offered = units.offered();
+    state.mainUnit = units.mainUnit();
+    state.smallUnit = units.smallUnit();
+    const ApprovalSettings approval = units.approval();
+    state.approvedUnitsOnly = approval.approvedUnitsOnly;
+    state.caratAllowed = approval.caratAllowed;
+    state.auxiliaryDigit = approval.auxiliaryDigit;
+    state.minimumDecimals = approval.minimumDecimals;
+    state.reducedDigits = approval.reducedDigits;
+    switch (parameters.set()) {
+    case WeighingParameterService::Set::None:
+        state.parameterSet = tr("None was set yet");
+        break;
+    case WeighingParameterService::Set::Standard:
+        state.parameterSet = tr("Standard");
+        break;
+    case WeighingParameterService::Set::MSW:
+        state.parameterSet = tr("MSW");
+        break;
+    case WeighingParameterService::Set::System:
+        state.parameterSet = tr("The user's own");
+        break;
+    }
+    QStringList values;
+    for (int number = 0; number < WeighingParameterService::ParameterCount; ++number) {
+        const QString value = parameters.parameter(number);
+        values.append(value.isEmpty() ? QStringLiteral("\u2013") : value);
+    }
+    if (parameters.set() != WeighingParameterService::Set::None)
+        state.parameterValues = values.join(QStringLiteral(" \u00B7 "));
+    m_bench.units().setState(state);
+}
+
+void Session::updateBenchTransfer()
+{
+    const AutomaticTransfer& transfer = m_host->automaticTransfer();
+    const LoadChangeMonitor& monitor = m_host->loadChangeMonitor();
+    const LoadChange* const detector = monitor.detector();
+    const Readability readability = m_scale.readability();
+    BenchTransferState state;
+    state.mode = AutomaticTransferSettings::nameOf(transfer.settings().mode);
+    state.threshold = transfer.settings().threshold;
+    state.minimumLoad = transfer.settings().minimumLoad;
+    const bool own = detector == m_host->automaticTransfer().detector();
+    if (own)
+        state.decision = transfer.decision();
+    state.owner = own ? tr("Terminal") : m_host->plugins().activeName();
+    state.decimals = m_scale.decimals();
+    state.reason = monitor.reasonText();
+    state.lastTrigger = monitor.lastTriggerText();
+    state.triggerCount = monitor.triggerCount();
+    const double digits = m_host->systemRegisters().GetRegisterValue(ISystemRegister::CurrentRegister);
+    state.value = m_scale.netGrams();
+    state.registerText = std::isnan(digits) ? QStringLiteral("\u2013") : QString::number(digits, 'f', 0);
+    if (monitor.reason() != LoadChangeMonitor::Reason::Off && detector) {
+        const bool percent =
+            detector->mode() == ILoadChange::Percent || detector->mode() == ILoadChange::PercentFixed;
+        const bool fixed =
+            detector->mode() == ILoadChange::AbsoluteFixed || detector->mode() == ILoadChange::PercentFixed;
+        const QString range = percent ? QStringLiteral("%1 %").arg(detector->range())
+                                      : gramsText(readability.toGrams(detector->range()));
+        state.modeText = fixed ? tr("\u00B1 %1, fixed").arg(range) : tr("\u00B1 %1").arg(range);
+        state.state = detector->state();
+        state.reference = readability.toGrams(monitor.reference());
+        state.bandLow = readability.toGrams(detector->bandLow());
+        state.bandHigh = readability.toGrams(detector->bandHigh());
+    }
+    m_bench.transfer().setState(state);
+}
+
+QStringList Session::parameterSets()
+{
+    return {QStringLiteral("standard"), QStringLiteral("msw"), QStringLiteral("system")};
+}
+
+void Session::useParameterSet(const QString& set)
+{
+    IWeighingParameters& sets = m_host->weighingParameterSets();
+    if (set == QLatin1String("standard"))
+        sets.InitStandardWeighingParameters();
+    else if (set == QLatin1String("msw"))
+        sets.InitMSWWeighingParameters();
+    else if (set == QLatin1String("system"))
+        sets.ResetWeighingParameters();
+}
+
+QString Session::parameterSet()
+{
+    return (QStringList{QStringLiteral("none")} + parameterSets())
+        .value(static_cast<int>(m_host->weighingParameters().set()));
+}
+
 bool Session::prepare(QStringList* errors)
 {
     const QStringList setupErrors = m_host->setupErrors();
@@ -368,6 +596,7 @@ bool Session::prepare(QStringList* errors)
         m_settings.reset();
     }
 
+    restoreSettings();
     QString queueError;
     if (!m_printQueue.load(&queueError))
         reportError(queueError);
@@ -555,9 +784,18 @@ void Session::updateDisplay()
     MesswertData reading = m_host->registerValues().reading(ISystemRegister::CurrentRegister);
     const MesswertData gross = m_host->registerValues().reading(ISystemRegister::GrossRegister);
     m_display.setFromMesswertData(&reading);
-    m_display.setMesswertKlein(gross.messwert);
-    m_display.setUnitKlein(gross.unit);
-    m_display.setMesswertKleinVisible(reading.net && gross.isValid);
+    // The small display shows the weight in a unit of its own, or else the gross weight beside a net one.
+    const QString smallUnit = m_host->units().smallUnit();
+    const MesswertData small =
+        smallUnit.isEmpty() ? gross
+                            : m_host->registerValues().reading(ISystemRegister::CurrentRegister, smallUnit);
+    m_display.setMesswertKlein(small.messwert);
+    m_display.setUnitKlein(small.unit);
+    m_display.setIsGrobRangeKlein(small.isGrobRange);
+    m_display.setResoluionReductionKlein(small.resolutionReduction);
+    m_display.setEichDigitKlein(small.eichDigit);
+    m_display.setMesswertKleinVisible(
+        small.isValid && (!smallUnit.isEmpty() || (reading.net && m_instrument.display() == &m_display)));
     // Without a known capacity a bar would say nothing.
     const bool capacityKnown = m_scale.capacity() > 0.0;
     const double part =
@@ -632,7 +870,10 @@ void Session::updateHostActions()
     clearTare.uid = QStringLiteral("clearTare");
     clearTare.name = tr("Clear tare");
     clearTare.enabled = m_scale.isTareSet();
-    QVector<ActionEntry> entries{zero, tare, clearTare};
+    ActionEntry unit;
+    unit.uid = QStringLiteral("unit");
+    unit.name = tr("Unit");
+    QVector<ActionEntry> entries{zero, tare, clearTare, unit};
     if (m_printQueue.failedCount() > 0) {
         ActionEntry repeatPrint;
         repeatPrint.uid = QStringLiteral("repeatPrint");
@@ -650,6 +891,8 @@ void Session::pressHostAction(const QString& uid)
         m_host->weighing().tare();
     else if (uid == QLatin1String("clearTare"))
         m_host->weighing().clearTare();
+    else if (uid == QLatin1String("unit"))
+        m_host->units().stepMainUnit();
     else if (uid == QLatin1String("repeatPrint"))
         m_printQueue.repeat();
 }
@@ -706,6 +949,8 @@ void Session::setLanguage(const QString& language)
     updatePlugins();
     updateProtocol();
     updatePlate();
+    updateBenchUnits();
+    m_host->loadChangeMonitor().update();
     updateStatusText();
     updateDisplay();
     updateTime();

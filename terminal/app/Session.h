@@ -24,6 +24,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -117,6 +118,13 @@ public:
 
     void setLanguage(const QString& language);
 
+    /// Brings a set of weighing parameters into force: "standard" or "msw", or "system" for the user's own.
+    void useParameterSet(const QString& set);
+    /// The names of the sets, as useParameterSet() takes them.
+    static QStringList parameterSets();
+    /// The set in force, "none" before one was set.
+    QString parameterSet();
+
     /// Saves a picture of the terminal.
     bool grab(const QString& pngFile, QString* error) { return m_window.grab(pngFile, error); }
 
@@ -137,6 +145,12 @@ private:
     void connectSimulation();
     void connectProtocol();
     void updateProtocol();
+    void connectUnits();
+    void connectTransfer();
+    void restoreSettings();
+    template <typename Value>
+    void store(const QString& key, const Value& value);
+    void changeApproval(const std::function<void(ApprovalSettings&)>& change);
     void reportLoad(const LoadResult& result);
     void reportError(const QString& error);
     void reportPrintFault(const QString& fault);
@@ -150,6 +164,8 @@ private:
     void updateActions();
     void updateHostActions();
     void updateWorkflow();
+    void updateBenchUnits();
+    void updateBenchTransfer();
     void updatePlugins();
     void updateTime();
     QDateTime localTime() const;
@@ -188,6 +204,7 @@ private:
     std::optional<Reading::Status> m_loggedStatus;
     QString m_loggedDetail;
     bool m_sourceFinished = false;
+    bool m_restoring = true; ///< Until the settings were read nothing is stored in them.
     Clock::TimerId m_timeTimer = 0;
     Clock::TimerId m_noticeTimer = 0;
 };

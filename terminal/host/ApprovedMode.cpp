@@ -10,14 +10,14 @@ namespace Terminal
 
 ApprovedMode::ApprovedMode(HostCallLog& calls, int modes)
     : m_calls(calls)
-    , m_modes(modes)
+    , m_quiet(modes)
 {
 }
 
 bool ApprovedMode::IsModeActive(int modeFlag)
 {
     m_calls.query("IApprovedMode::IsModeActive", modeFlag);
-    return (m_modes & modeFlag) != 0;
+    return m_quiet.IsModeActive(modeFlag);
 }
 
 } // namespace Terminal

@@ -13,8 +13,8 @@ namespace Terminal
 
 class HostCallLog;
 
-/// The approval mode: the mode bits that were set for this run. A desktop is not approved for trade, so none
-/// is set unless somebody tries one out.
+/// The approval mode: the mode bits in force. A desktop is not approved for trade, so none is set unless somebody
+/// tries one out.
 class ApprovedMode : public IApprovedMode
 {
 public:
@@ -24,9 +24,26 @@ public:
     // IApprovedMode
     bool IsModeActive(int modeFlag) override;
 
+    /// The bits of IApprovedMode::Mode in force.
+    int modes() const { return m_quiet.modes; }
+    void setModes(int modes) { m_quiet.modes = modes; }
+
+    /// The same answers for the terminal itself, whose questions are no calls of plug-ins.
+    IApprovedMode& unlogged() { return m_quiet; }
+
 private:
+    struct Quiet : IApprovedMode
+    {
+        explicit Quiet(int bits)
+            : modes(bits)
+        {
+        }
+        bool IsModeActive(int modeFlag) override { return (modes & modeFlag) != 0; }
+        int modes;
+    };
+
     HostCallLog& m_calls;
-    const int m_modes;
+    Quiet m_quiet;
 };
 
 } // namespace Terminal

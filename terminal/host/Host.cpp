@@ -60,15 +60,16 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     , m_approvedMode(m_calls, settings.approvedModes)
     , m_sensorState(m_calls)
     , m_calibrationService(m_calls)
-    , m_weighing(m_calls, m_notices, scale)
+    , m_units(m_approvedMode, scale)
     , m_systemRegisters(m_calls, scale)
-    , m_registerValueProvider(m_calls, scale)
+    , m_weighing(m_calls, m_notices, scale)
+    , m_registerValueProvider(m_calls, scale, m_units)
     , m_measurementTransfer(m_calls, m_notices, clock)
     , m_measurementObserver(m_calls)
     , m_printIndicator(m_calls, clock)
     , m_rangeSwitch(m_calls, scale)
-    , m_weighingParameterService(m_calls)
     , m_mswParameterSource(m_calls, m_storedParameters, m_statusInfo)
+    , m_weighingParameterService(m_calls, m_mswParameterSource)
     , m_addonHost(m_calls, m_notices)
     , m_actionBar(m_calls, m_notices, m_storedParameters)
     , m_infoBox(m_calls)
@@ -103,13 +104,16 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
                               m_approvedMode,
                               m_protocolPool,
                               m_storedParameters,
-                              scale})
+                              scale,
+                              m_units})
     , m_protocol({m_notices, m_protocolPool, m_storedParameters, m_system, m_weighing, scale, clock},
                  settings.owner, settings.localTime)
     , m_menuList(m_storedParameters, m_statusInfo)
     , m_weighingParameters(nullptr, &m_system, &m_menuList)
     , m_plugins(PluginEnvironment{m_system, m_view, m_menuList, m_weighingParameters, m_infoBox, m_controller,
                                   m_lifecycleObserver, m_sequencer, m_addonHost})
+    , m_automaticTransfer(m_weighing, m_systemRegisters.unlogged(), scale)
+    , m_loadChangeMonitor(m_weighing, scale, [this] { return shownDetector(); })
 {
     m_menuList.initMenuListBase(&m_system);
     m_protocolMenuFactory.setProtocol(&m_protocol);
@@ -152,6 +156,11 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     connect(&m_plugins, &PluginManager::activePluginChanged, this, &Host::updateProtocol);
     connect(&m_plugins, &PluginManager::activePluginChanged, this, &Host::activePluginChanged);
     connect(&m_plugins, &PluginManager::pluginsChanged, this, &Host::pluginsChanged);
+    // A plug-in reads its weights anew, in the other unit.
+    connect(&m_units, &Units::changed, &m_weighing, &Weighing::announceValue);
+    connect(&m_automaticTransfer, &AutomaticTransfer::transferDue, this, &Host::pressPrint);
+    connect(&m_automaticTransfer, &AutomaticTransfer::settingsChanged, &m_loadChangeMonitor,
+            &LoadChangeMonitor::update);
 }
 
 Host::~Host()
@@ -225,6 +234,12 @@ bool Host::pressPrint()
     }
     QObject* const plugin = m_plugins.activeObject();
     if (plugin == nullptr) {
+        if (m_registerValueProvider.reading(ISystemRegister::CurrentRegister).messwert
+            == Units::overflowText()) {
+            m_notices.post(NoticeSeverity::Warning,
+                           tr("The weight does not fit into the display: choose a larger unit."));
+            return false;
+        }
         m_protocol.requestByPrintKey();
         m_measurementTransfer.transfer(m_registerValueProvider.reading(ISystemRegister::CurrentRegister),
                                        m_registerValueProvider.reading(ISystemRegister::GrossRegister),
@@ -345,6 +360,22 @@ void Host::updateModels()
         m_warnings = warnings;
         emit warningsChanged(warnings);
     }
+}
+
+LoadChange* Host::shownDetector()
+{
+    if (QObject* const plugin = m_plugins.activeObject()) {
+        const QList<QObject*> objects = QList<QObject*>{plugin} + m_view.publishedObjects();
+        for (QObject* const object : objects) {
+            const QList<LoadChange*> detectors = object->findChildren<LoadChange*>();
+            for (LoadChange* const detector : detectors) {
+                if (detector->isActive()) {
+                    return detector;
+                }
+            }
+        }
+    }
+    return m_automaticTransfer.detector();
 }
 
 void Host::onPrintButtonEnableChange(bool enable)

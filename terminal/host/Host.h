@@ -6,12 +6,14 @@
 #include "host/ActionBar.h"
 #include "host/AddonHost.h"
 #include "host/ApprovedMode.h"
+#include "host/AutomaticTransfer.h"
 #include "host/CalibrationService.h"
 #include "host/HostCallLog.h"
 #include "host/HostMenuList.h"
 #include "host/HostRangeSwitch.h"
 #include "host/InfoBox.h"
 #include "host/LifecycleObserver.h"
+#include "host/LoadChangeMonitor.h"
 #include "host/MSWParameterSource.h"
 #include "host/MeasurementObserver.h"
 #include "host/MeasurementTransfer.h"
@@ -28,6 +30,7 @@
 #include "host/StoredParameters.h"
 #include "host/System.h"
 #include "host/SystemRegisters.h"
+#include "host/Units.h"
 #include "host/ViewHost.h"
 #include "host/Weighing.h"
 #include "host/WeighingParameterService.h"
@@ -94,6 +97,14 @@ public:
     ViewHost& view() { return m_view; }
     ActionBar& actionBar() { return m_actionBar; }
     Weighing& weighing() { return m_weighing; }
+    Units& units() { return m_units; }
+    ISystemRegister& systemRegisters() { return m_systemRegisters.unlogged(); }
+    AutomaticTransfer& automaticTransfer() { return m_automaticTransfer; }
+    /// Shows the load-change detector of the active plug-in, or else that of the automatic transfer. A plug-in's is
+    /// found when it is a child, however far down, of the plug-in or of an object that it published.
+    LoadChangeMonitor& loadChangeMonitor() { return m_loadChangeMonitor; }
+    /// The sets of weighing parameters, as plug-ins switch them.
+    IWeighingParameters& weighingParameterSets() { return m_weighingParameters; }
     RegisterValueProvider& registerValues() { return m_registerValueProvider; }
     MeasurementTransfer& measurementTransfer() { return m_measurementTransfer; }
     MeasurementObserver& measurementObserver() { return m_measurementObserver; }
@@ -192,6 +203,7 @@ private:
     void updatePrintEnabled();
     void onWorkflowChanged();
     void onTransferAvailabilityChanged();
+    LoadChange* shownDetector();
     void disconnectServices(QObject* receiver);
 
     // In the order of their construction: what a part needs stands before it.
@@ -202,15 +214,16 @@ private:
     ApprovedMode m_approvedMode;
     SensorState m_sensorState;
     CalibrationService m_calibrationService;
+    Units m_units;
+    SystemRegisters m_systemRegisters; // before the weighing, which passes the readings on
     Weighing m_weighing;
-    SystemRegisters m_systemRegisters;
     RegisterValueProvider m_registerValueProvider;
     MeasurementTransfer m_measurementTransfer;
     MeasurementObserver m_measurementObserver;
     PrintIndicator m_printIndicator;
     HostRangeSwitch m_rangeSwitch;
-    WeighingParameterService m_weighingParameterService;
     MSWParameterSource m_mswParameterSource;
+    WeighingParameterService m_weighingParameterService;
     AddonHost m_addonHost;
     ActionBar m_actionBar;
     InfoBox m_infoBox;
@@ -227,6 +240,8 @@ private:
     HostMenuList m_menuList;
     WeighingParameters m_weighingParameters;
     PluginManager m_plugins;
+    AutomaticTransfer m_automaticTransfer;
+    LoadChangeMonitor m_loadChangeMonitor;
 
     bool m_printSwitchedOn = false; ///< By the plug-in and the outputs, whatever a workflow allows.
     bool m_printEnabled = false;

@@ -52,6 +52,7 @@ QString MSWParameterSource::GetMSWParameter3()
 QString MSWParameterSource::GetMSWParameter2()
 {
     m_calls.query("IMSWParameterSource::GetMSWParameter2");
+    m_read = true;
     return parameter(2);
 }
 
@@ -65,6 +66,13 @@ bool MSWParameterSource::QueryFlagD()
 {
     m_calls.query("IMSWParameterSource::QueryFlagD");
     return m_flagD;
+}
+
+bool MSWParameterSource::takeRead()
+{
+    const bool read = m_read;
+    m_read = false;
+    return read;
 }
 
 void MSWParameterSource::setQueryFlags(bool a, bool b, bool c, bool d)

@@ -34,6 +34,9 @@ public:
     bool QueryFlagC() override;
     bool QueryFlagD() override;
 
+    /// Whether the set was read since the last call.
+    bool takeRead();
+
     void setQueryFlags(bool a, bool b, bool c, bool d);
 
 private:
@@ -42,6 +45,7 @@ private:
     HostCallLog& m_calls;
     const StoredParameters& m_parameters;
     const StatusInfo& m_statusInfo;
+    bool m_read = false;
     bool m_flagA = false;
     bool m_flagB = false;
     bool m_flagC = false;

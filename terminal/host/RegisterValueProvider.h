@@ -7,6 +7,8 @@
 
 #include <QCoreApplication>
 
+#include <optional>
+
 namespace Brimvale
 {
 namespace Terminal
@@ -14,10 +16,11 @@ namespace Terminal
 
 class HostCallLog;
 class Scale;
+class Units;
 
 /// Registers as measured values.
 ///
-/// The only unit is the gram. A reading without a weight bears no text and no number (`value` is NaN),
+/// Units are numbered as in Units; any of the scale can be asked for. A reading without a weight bears no text and no number (`value` is NaN),
 /// isValid false and what is wrong as errorText: "Overload", "Underload", "Unreadable" or "No connection". So
 /// do an unknown register and an unknown unit, with errorText naming them. Tare (73) and upper limit (90) are
 /// known without a reading too.
@@ -26,12 +29,6 @@ class RegisterValueProvider : public IRegisterValueProvider
     Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::RegisterValueProvider)
 
 public:
-    /// The units that the terminal shows, as `ISystem::GetCurrentUnit()` numbers them.
-    enum Unit
-    {
-        Gram = 0
-    };
-
     /// `MesswertData::stabilityValue`.
     enum Stability
     {
@@ -40,19 +37,27 @@ public:
         Stable = 1
     };
 
-    /// @param scale not owned, must outlive the object.
-    RegisterValueProvider(HostCallLog& calls, const Scale& scale);
+    /// @param scale, units not owned, must outlive the object.
+    RegisterValueProvider(HostCallLog& calls, const Scale& scale, const Units& units);
     Q_DISABLE_COPY(RegisterValueProvider)
 
     // IRegisterValueProvider
     MesswertData GetMesswert(int unit, int registerNumber) override;
 
-    /// A register in grams, for the terminal's own display and outputs.
+    /// A register in the unit of the main display, for the terminal's own display and outputs.
     MesswertData reading(int registerNumber) const;
+    /// A register in the unit @p unit.
+    MesswertData reading(int registerNumber, const QString& unit) const;
+    /// A register in grams with all decimal places of the scale, for computers: what limits the display, such as digits
+    /// that are left out and its width, does not touch it.
+    MesswertData grams(int registerNumber) const;
 
 private:
+    std::optional<double> digitsOf(int registerNumber) const;
+
     HostCallLog& m_calls;
     const Scale& m_scale;
+    const Units& m_units;
 };
 
 } // namespace Terminal

@@ -5,8 +5,8 @@
 #include "host/MeasurementTransfer.h"
 #include "host/MenuItem.h"
 #include "host/Notices.h"
-#include "host/RegisterValueProvider.h"
 #include "host/StoredParameters.h"
+#include "host/Units.h"
 #include "measuring/Scale.h"
 
 namespace Brimvale
@@ -168,7 +168,7 @@ QString System::GetProtocolFormatName()
 int System::GetCurrentUnit()
 {
     m_calls.query("ISystem::GetCurrentUnit");
-    return RegisterValueProvider::Gram;
+    return m_services.units.currentNumber();
 }
 
 ICalibrationService* System::GetCalibrationService()

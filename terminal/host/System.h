@@ -16,6 +16,7 @@ class MeasurementTransfer;
 class Notices;
 class Scale;
 class StoredParameters;
+class Units;
 
 /// What System hands out; nothing is owned, everything must outlive it.
 struct SystemServices
@@ -43,6 +44,7 @@ struct SystemServices
     IProtocolPool& protocolPool;
     const StoredParameters& storedParameters;
     const Scale& scale;
+    const Units& units;
 };
 
 /// The host's services, as plug-ins get them.

@@ -88,6 +88,7 @@ void Weighing::announceValue()
         m_notices.postPluginFault(
             tr("The application failed while it took in a new weight: %1").arg(*exception));
     }
+    emit announced();
 }
 
 void Weighing::onLoadChanged(int stableCounter, double netDigits)
@@ -96,6 +97,7 @@ void Weighing::onLoadChanged(int stableCounter, double netDigits)
         m_notices.postPluginFault(
             tr("The application failed while it took in a stable weight: %1").arg(*exception));
     }
+    emit announced();
 }
 
 void Weighing::onStateChanged()

@@ -46,6 +46,13 @@ signals:
     /// A value is ready in register 74.
     void NotifyNewMeasurementValue();
 
+    /// One of the two was sent and taken in by all plug-ins.
+    void announced();
+
+public:
+    /// Announces the present value once more, as after a change of the unit in which it is shown.
+    void announceValue();
+
 private:
     /// What a plug-in could have read at the last NotifyNewMeasurementValue().
     struct Snapshot
@@ -62,7 +69,6 @@ private:
     };
 
     Snapshot snapshot() const;
-    void announceValue();
     void onLoadChanged(int stableCounter, double netDigits);
     void onStateChanged();
     bool reportRefusal(bool done);

@@ -5,7 +5,8 @@
 #include "IWeighingParameterService.h"
 
 #include <QMap>
-#include <QtGlobal>
+#include <QObject>
+#include <QString>
 
 #include <array>
 
@@ -15,15 +16,28 @@ namespace Terminal
 {
 
 class HostCallLog;
+class MSWParameterSource;
 
 /// The weighing parameters in force. The sources of this terminal have no filters that they could set; the
 /// values are kept and can be read back.
-class WeighingParameterService : public IWeighingParameterService
+class WeighingParameterService : public QObject, public IWeighingParameterService
 {
+    Q_OBJECT
 public:
     static constexpr int ParameterCount = 4;
 
-    explicit WeighingParameterService(HostCallLog& calls);
+    /// A set, as plug-ins bring them into force.
+    enum class Set
+    {
+        None,     ///< Nothing was set yet.
+        Standard, ///< It began with the profile "standard".
+        MSW,      ///< It began with parameter 2 of the MSW set.
+        System ///< It began with parameter 2 from elsewhere: the user's own, stored parameters were restored.
+    };
+    Q_ENUM(Set)
+
+    /// @param source tells when the MSW set is read. Not owned, must outlive the object.
+    WeighingParameterService(HostCallLog& calls, MSWParameterSource& source);
     Q_DISABLE_COPY(WeighingParameterService)
 
     // IWeighingParameterService
@@ -33,14 +47,25 @@ public:
     void SetParameter1(QString value) override;
     void SetParameter3(QString value) override;
 
+    /// The set in force.
+    Set set() const { return m_set; }
+
     QString profile() const { return m_profile; }
     /// Parameter @p number, 0 to 3; of parameter 2 the value set last.
     QString parameter(int number) const;
     /// Parameter 2 of a weighing range.
     QString parameter2(int range) const { return m_parameter2.value(range); }
 
+signals:
+    /// The set, or a parameter of it, has changed.
+    void changed();
+
 private:
+    void store(int number, const QString& value);
+
     HostCallLog& m_calls;
+    MSWParameterSource& m_source;
+    Set m_set = Set::None;
     QString m_profile;
     std::array<QString, ParameterCount> m_parameters;
     QMap<int, QString> m_parameter2;

@@ -24,7 +24,7 @@ using Kind = Statement::Kind;
 /// - `a|b` one of two words; the first sets Statement::on,
 /// - `{weight}` grams, `{number}` a number not below 0, `{drift}` grams per minute, `{index}` a whole number,
 /// - `{time}` a span of time, `{within}` optionally "within" and a span of time, at the end,
-/// - `{word}` a word, `{language}` en or de, `{page}` a page of the bench,
+/// - `{word}` a word, `{language}` en or de, `{page}` a page of the bench, `{set}` a set of weighing parameters,
 /// - `{text}` the rest of the line, in quotation marks or not, never empty without them; `{text?}` the same, or the
 ///   word none,
 /// - `{found}` and `{found?}` as {text} and {text?}, but never empty,
@@ -49,6 +49,8 @@ constexpr Form FormTable[] = {
     {Kind::WaitTime, "wait {time}", "wait 2 s"},
     {Kind::Press, "press action {word}", "press action print"},
     {Kind::PressPrint, "press print", "press print"},
+    {Kind::PressUnit, "press unit", "press unit"},
+    {Kind::PressSmallUnit, "press small-unit", "press small-unit"},
     {Kind::Press, "press {word}", "press tare"},
     {Kind::Start, "start {rest}", "start IDENTIFIER"},
     {Kind::Close, "close", "close"},
@@ -58,6 +60,18 @@ constexpr Form FormTable[] = {
     {Kind::SetDrift, "set drift {drift}", "set drift 0.2 g/min"},
     {Kind::SetPrinter, "set printer {fault}", "set printer paper out"},
     {Kind::RepeatPrint, "repeat print", "repeat print"},
+    {Kind::SetUnit, "set unit {word}", "set unit kg"},
+    {Kind::SetSmallUnit, "set small-unit {word}", "set small-unit g"},
+    {Kind::SetApproval, "set approval on|off", "set approval on"},
+    {Kind::SetCarat, "set carat on|off", "set carat on"},
+    {Kind::SetAuxiliaryDigit, "set auxiliary-digit on|off", "set auxiliary-digit on"},
+    {Kind::SetDecimals, "set decimals {index}", "set decimals 2"},
+    {Kind::SetReducedDigits, "set reduced-digits {index}", "set reduced-digits 1"},
+    {Kind::SetTransferOff, "set transfer off", "set transfer off"},
+    {Kind::SetTransferAbsolute, "set transfer absolute|absolute-fixed {weight}", "set transfer absolute 5 g"},
+    {Kind::SetTransferPercent, "set transfer percent|percent-fixed {number}", "set transfer percent 10"},
+    {Kind::SetTransferMinimum, "set transfer minimum {weight}", "set transfer minimum 20 g"},
+    {Kind::SetParameters, "set parameters {set}", "set parameters standard"},
     {Kind::Disconnect, "disconnect", "disconnect"},
     {Kind::Connect, "connect", "connect"},
     {Kind::Dismiss, "dismiss", "dismiss"},
@@ -83,6 +97,12 @@ constexpr Form FormTable[] = {
     {Kind::ExpectPrinter, "expect printer {state}", "expect printer ready"},
     {Kind::ExpectQueue, "expect queue {index}", "expect queue 0"},
     {Kind::ExpectLog, "expect log {found}", "expect log TEXT"},
+    {Kind::ExpectSmall, "expect small {text?}", "expect small 0.5000 kg"},
+    {Kind::ExpectUnits, "expect units {text?}", "expect units g kg"},
+    {Kind::ExpectCoarse, "expect coarse on|off", "expect coarse on"},
+    {Kind::ExpectTriggers, "expect triggers {index}", "expect triggers 1"},
+    {Kind::ExpectReason, "expect reason {found}", "expect reason inside the band"},
+    {Kind::ExpectParameters, "expect parameters {word}", "expect parameters standard"},
 };
 
 /// Takes the first word off @p line.
@@ -187,6 +207,12 @@ private:
             m_statement.word = takeWord(&m_rest);
             return BenchModel::pages().contains(m_statement.word)
                    || fail("the bench has the pages scale, units, transfer and printer");
+        }
+        if (part == QLatin1String("{set}")) {
+            m_statement.word = takeWord(&m_rest);
+            return QStringList({QStringLiteral("standard"), QStringLiteral("msw"), QStringLiteral("system")})
+                       .contains(m_statement.word)
+                   || fail("the sets are standard, msw and system");
         }
         if (part == QLatin1String("{index}")) {
             bool ok = false;

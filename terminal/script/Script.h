@@ -39,6 +39,20 @@ struct Statement
         SetDrift,                 ///< number: grams per minute
         SetPrinter,               ///< text: one of PrinterModel::faults()
         RepeatPrint,              ///<
+        PressUnit,                ///<
+        PressSmallUnit,           ///<
+        SetUnit,                  ///< word: unit
+        SetSmallUnit,             ///< word: unit, or none
+        SetApproval,              ///< on: approved units only
+        SetCarat,                 ///< on: allowed
+        SetAuxiliaryDigit,        ///< on: the last digit is not verified
+        SetDecimals,              ///< number: at least
+        SetReducedDigits,         ///< number
+        SetTransferOff,           ///<
+        SetTransferAbsolute,      ///< number: grams; on: the band is not fixed
+        SetTransferPercent,       ///< number: percent; on: the band is not fixed
+        SetTransferMinimum,       ///< number: grams
+        SetParameters,            ///< word: set
         Disconnect,               ///<
         Connect,                  ///<
         Dismiss,                  ///< the notice
@@ -63,7 +77,13 @@ struct Statement
         ExpectWorkflow,           ///< text, or none
         ExpectPrinter,            ///< text: one of PrinterModel::states()
         ExpectQueue,              ///< number: print-outs
-        ExpectLog                 ///< text
+        ExpectLog,                ///< text
+        ExpectSmall,              ///< text, or none
+        ExpectUnits,              ///< text, or none
+        ExpectCoarse,             ///< on
+        ExpectTriggers,           ///< number
+        ExpectReason,             ///< text
+        ExpectParameters          ///< word: set
     };
 
     /// How long a wait goes on that does not say so itself.

@@ -214,6 +214,25 @@ ScriptRunner::Outcome ScriptRunner::carryOut(const Statement& statement)
             return failed(QStringLiteral("no print-out has failed"));
         m_session.waitForPrinter();
         return done(printQueueText());
+    case Kind::PressUnit:
+    case Kind::PressSmallUnit:
+    case Kind::SetUnit:
+    case Kind::SetSmallUnit:
+    case Kind::SetApproval:
+    case Kind::SetCarat:
+    case Kind::SetAuxiliaryDigit:
+    case Kind::SetDecimals:
+    case Kind::SetReducedDigits:
+        return setUnits(statement);
+    case Kind::SetTransferOff:
+    case Kind::SetTransferAbsolute:
+    case Kind::SetTransferPercent:
+    case Kind::SetTransferMinimum:
+        return setTransfer(statement);
+    case Kind::SetParameters:
+        emit m_session.bench().units().parameterSetRequested(statement.word);
+        TimeDriver::settle();
+        return done(m_session.bench().units().parameterSet());
     case Kind::Dismiss:
         m_session.instrument().clearNotice();
         return done(QStringLiteral("done"));
@@ -289,6 +308,77 @@ ScriptRunner::Outcome ScriptRunner::setBench(const Statement& statement)
     }
     TimeDriver::settle();
     return done(result);
+}
+
+ScriptRunner::Outcome ScriptRunner::setUnits(const Statement& statement)
+{
+    Units& units = m_session.host().units();
+    BenchUnitsModel& bench = m_session.bench().units();
+    const auto number = static_cast<int>(statement.number);
+    bool ok = true;
+    switch (statement.kind) {
+    case Kind::PressUnit:
+        emit m_session.instrument().unitPressed();
+        break;
+    case Kind::PressSmallUnit:
+        emit m_session.instrument().smallUnitPressed();
+        break;
+    case Kind::SetUnit:
+        ok = units.setMainUnit(statement.word);
+        break;
+    case Kind::SetSmallUnit:
+        ok = units.setSmallUnit(statement.word == QLatin1String("none") ? QString() : statement.word);
+        break;
+    case Kind::SetApproval:
+        emit bench.approvedUnitsOnlyRequested(statement.on);
+        break;
+    case Kind::SetCarat:
+        emit bench.caratAllowedRequested(statement.on);
+        break;
+    case Kind::SetAuxiliaryDigit:
+        emit bench.auxiliaryDigitRequested(statement.on);
+        break;
+    case Kind::SetDecimals:
+        if (number > ApprovalSettings::MaximumDecimals)
+            return failed(QStringLiteral("the decimals go up to %1").arg(ApprovalSettings::MaximumDecimals));
+        emit bench.minimumDecimalsRequested(number);
+        break;
+    default:
+        if (number > ApprovalSettings::MaximumReducedDigits)
+            return failed(QStringLiteral("the digits that are left out go up to %1")
+                              .arg(ApprovalSettings::MaximumReducedDigits));
+        emit bench.reducedDigitsRequested(number);
+        break;
+    }
+    TimeDriver::settle();
+    if (!ok)
+        return failed(QStringLiteral("the unit \"%1\" is not offered; there are: %2")
+                          .arg(statement.word, units.offered().join(QStringLiteral(", "))));
+    const DisplayText display = m_session.display();
+    return done(display.small.isEmpty() ? display.line()
+                                        : display.line() + QStringLiteral("; small ") + display.small);
+}
+
+ScriptRunner::Outcome ScriptRunner::setTransfer(const Statement& statement)
+{
+    using Mode = AutomaticTransferSettings::Mode;
+    AutomaticTransferSettings settings = m_session.host().automaticTransfer().settings();
+    if (statement.kind == Kind::SetTransferMinimum) {
+        settings.minimumLoad = statement.number;
+    } else if (statement.kind == Kind::SetTransferOff) {
+        settings.mode = Mode::Off;
+    } else {
+        settings.threshold = statement.number;
+        if (statement.kind == Kind::SetTransferAbsolute)
+            settings.mode = statement.on ? Mode::Absolute : Mode::AbsoluteFixed;
+        else
+            settings.mode = statement.on ? Mode::Percent : Mode::PercentFixed;
+    }
+    QString error;
+    if (!m_session.host().automaticTransfer().setSettings(settings, &error))
+        return failed(error);
+    TimeDriver::settle();
+    return done(m_session.host().loadChangeMonitor().reasonText());
 }
 
 ScriptRunner::Outcome ScriptRunner::wait(const Statement& statement)
@@ -507,6 +597,27 @@ ScriptRunner::Outcome ScriptRunner::expect(const Statement& statement)
         m_session.waitForPrinter();
         return expected(m_session.printQueue().count() == qRound(statement.number),
                         QStringLiteral("%1 in the print queue").arg(statement.number), printQueueText());
+    case Kind::ExpectSmall:
+        return expectText(QStringLiteral("small display"), statement, display.small);
+    case Kind::ExpectUnits:
+        return expectText(QStringLiteral("units"), statement,
+                          m_session.host().units().offered().join(QLatin1Char(' ')));
+    case Kind::ExpectCoarse:
+        return expected(display.coarse == statement.on, QStringLiteral("coarse ") + onOff(statement.on),
+                        QStringLiteral("it is ") + onOff(display.coarse));
+    case Kind::ExpectTriggers: {
+        const int count = m_session.host().loadChangeMonitor().triggerCount();
+        return expected(count == static_cast<int>(statement.number),
+                        QStringLiteral("%1 triggers").arg(static_cast<int>(statement.number)),
+                        QStringLiteral("there were %1").arg(count));
+    }
+    case Kind::ExpectReason:
+        return expectPart(QStringLiteral("reason"), statement,
+                          m_session.host().loadChangeMonitor().reasonText());
+    case Kind::ExpectParameters:
+        return expected(m_session.parameterSet() == statement.word,
+                        QStringLiteral("parameters ") + quoted(statement.word),
+                        QStringLiteral("they are ") + quoted(m_session.parameterSet()));
     default: // ExpectLog
         return expected(m_session.log().contains(statement.text),
                         QStringLiteral("a log line with ") + quoted(statement.text),

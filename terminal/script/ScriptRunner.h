@@ -71,6 +71,8 @@ private:
     Outcome takeScreenshot(const QString& file);
     Outcome changeLoad(const Statement& statement);
     Outcome setBench(const Statement& statement);
+    Outcome setUnits(const Statement& statement);
+    Outcome setTransfer(const Statement& statement);
 
     bool isStableAgain() const;
     void disturb();

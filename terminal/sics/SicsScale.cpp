@@ -86,7 +86,7 @@ QByteArray SicsScale::weightAnswer()
             m_scale.status() == Reading::Status::Overload || m_scale.status() == Reading::Status::Underload;
         m_weightAnswer = beyondRange
                              ? refusal('S')
-                             : answer('S', m_host.registerValues().reading(ISystemRegister::CurrentRegister));
+                             : answer('S', m_host.registerValues().grams(ISystemRegister::CurrentRegister));
     }
     return m_weightAnswer;
 }
@@ -101,7 +101,7 @@ QByteArray SicsScale::zero()
 QByteArray SicsScale::tare()
 {
     if (m_scale.tare())
-        return answer('T', m_host.registerValues().reading(ISystemRegister::TareRegister));
+        return answer('T', m_host.registerValues().grams(ISystemRegister::TareRegister));
     return refusal('T');
 }
 

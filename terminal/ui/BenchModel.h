@@ -2,6 +2,9 @@
 #ifndef BRIMVALE_BENCHMODEL_H
 #define BRIMVALE_BENCHMODEL_H
 
+#include "BenchTransferModel.h"
+#include "BenchUnitsModel.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -26,6 +29,10 @@ class BenchModel : public QObject
 
     /// The page that the panel shows: one of pages(). Initially "scale".
     Q_PROPERTY(QString page READ page WRITE setPage NOTIFY pageChanged)
+    /// What the units page shows. Constant; its properties change.
+    Q_PROPERTY(QObject* units READ unitsObject CONSTANT)
+    /// What the transfer page shows. Constant; its properties change.
+    Q_PROPERTY(QObject* transfer READ transferObject CONSTANT)
     /// Whether the weight source is simulated, so that weights, noise, drift and the cable are in our hands. While
     /// false those controls are disabled and the panel says why; level and calibration stay usable. Initially true.
     Q_PROPERTY(bool available READ available WRITE setAvailable NOTIFY availableChanged)
@@ -67,6 +74,9 @@ public:
 
     /// The names of the pages, in the order of their tabs: "scale", "units", "transfer", "printer".
     static QStringList pages();
+
+    BenchUnitsModel& units() { return m_units; }
+    BenchTransferModel& transfer() { return m_transfer; }
 
     QString page() const;
     bool available() const;
@@ -141,6 +151,11 @@ signals:
     void pluginFaultsChanged();
 
 private:
+    QObject* unitsObject() { return &m_units; }
+    QObject* transferObject() { return &m_transfer; }
+
+    BenchUnitsModel m_units;
+    BenchTransferModel m_transfer;
     QString m_page = pages().constFirst();
     bool m_available = true;
     QVector<double> m_weights;

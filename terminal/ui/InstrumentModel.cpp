@@ -35,6 +35,11 @@ QUrl InstrumentModel::urlFromPath(const QString& path)
     return QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
 }
 
+QObject* InstrumentModel::terminalDisplay() const
+{
+    return m_terminalDisplay.object;
+}
+
 QObject* InstrumentModel::display() const
 {
     return m_display.object ? m_display.object.data() : m_terminalDisplay.object.data();

@@ -44,6 +44,9 @@ class InstrumentModel : public QObject
     /// The display model that is shown, an object with the properties of MesswertInfo. The plug-in's while there is
     /// one, else the terminal's own; null only when neither was set. Never points to a destroyed object.
     Q_PROPERTY(QObject* display READ display NOTIFY displayChanged)
+    /// The terminal's own display model, whichever is shown. Its small display stands in where that of an application
+    /// shows nothing.
+    Q_PROPERTY(QObject* terminalDisplay READ terminalDisplay NOTIFY displayChanged)
     /// The levelling and calibration warnings, an object with the properties of WarnInfo; null when there is none.
     Q_PROPERTY(QObject* warnings READ warnings NOTIFY warningsChanged)
     /// Buttons of the active plug-in. Constant; its rows change.
@@ -114,6 +117,7 @@ public:
     static QUrl urlFromPath(const QString& path);
 
     QObject* display() const;
+    QObject* terminalDisplay() const;
     QObject* warnings() const;
     ActionListModel* actions();
     ActionListModel* hostActions();
@@ -191,6 +195,10 @@ signals:
     // What the person does. Presses of action buttons are signalled by actions() and hostActions().
     /// The print button was pressed.
     void printPressed();
+    /// The unit of the main display was touched: the next one is asked for.
+    void unitPressed();
+    /// It was held: the next one for the small display is asked for.
+    void smallUnitPressed();
     /// The application \a index of plugins() was chosen.
     void pluginSelected(int index);
     /// The language \a language ("en" or "de") was chosen; the host answers with setLanguage().

@@ -28,6 +28,7 @@ private slots:
     void scriptThatFails();
     void scriptThatCannotGoOn();
     void demonstration();
+    void unitsAndAutomaticTransfer();
     void demonstrationWithoutItsPlugin();
     void transferLog();
     void tracedHostCalls();
@@ -285,6 +286,20 @@ void TestHeadless::scriptThatCannotGoOn()
              terminal.everything().constData());
     QVERIFY2(terminal.outputText().contains(QLatin1String("1 statement, 0 expectations: NOT FINISHED\n")),
              terminal.everything().constData());
+}
+
+void TestHeadless::unitsAndAutomaticTransfer()
+{
+    TerminalProcess terminal;
+    terminal.setWorkingDirectory(m_folder->path());
+    QVERIFY(
+        terminal.run(TerminalProcess::words(QStringLiteral(
+                         "--headless --no-plugin --readability 0.0001 --capacity 6000 --coarse-above 3000"))
+                     + QStringList{QStringLiteral("--script"), QStringLiteral(BRIMVALE_UNITS_SCRIPT)}));
+    QVERIFY2(terminal.exitCode() == 0, qPrintable(terminal.errorText()));
+    QVERIFY2(terminal.outputText().contains(QLatin1String("35 expectations: all met")),
+             qPrintable(terminal.outputText()));
+    QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("units-*.png")}).size(), 10);
 }
 
 void TestHeadless::demonstration()

@@ -360,7 +360,8 @@ void TestCommandLine::helpNamesEveryOption_data()
     QTest::addColumn<QString>("option");
     for (const QString& option :
          words("--plugin --plugin-dir --no-plugin --start --check --source --speed --readability --capacity "
-               "--stability --seed --headless --script --demo --duration --screenshot --output --no-bench "
+               "--coarse-above --units --stability --seed --headless --script --demo --duration --screenshot "
+               "--output --no-bench "
                "--language --settings --transfer-log --sics --printer --print-columns --log-level "
                "--trace-host-calls --help --version"))
         QTest::newRow(qPrintable(option)) << option;

@@ -37,6 +37,10 @@ private slots:
     void beforeTheFirstReading();
     void unknownRegister();
     void unknownUnit();
+    void unitIsAnyOfTheScale();
+    void gramsForComputers();
+    void unitChangeIsAnnounced();
+    void currentRegisterBeforeTheFirstReading();
 
     void everyReadingIsAnnouncedOnce();
     void aStableValueIsAnnouncedInDigits();
@@ -164,7 +168,7 @@ void tst_HostWeighing::coarseRange()
 
 void tst_HostWeighing::unitAndDecimals()
 {
-    QCOMPARE(system().GetCurrentUnit(), int(RegisterValueProvider::Gram));
+    QCOMPARE(system().GetCurrentUnit(), int(Units::Gram));
     QCOMPARE(value(ISystemRegister::CurrentRegister).decimals, 1);
     QCOMPARE(value(ISystemRegister::CurrentRegister).resolutionReduction, 0);
     QCOMPARE(value(ISystemRegister::CurrentRegister).eichDigit, 0);
@@ -197,8 +201,10 @@ void tst_HostWeighing::aFaultIsNeverAWeight()
         QVERIFY(!data.isStable);
         QCOMPARE(data.stabilityValue, int(RegisterValueProvider::NoIndicator));
         QCOMPARE(data.isOverload, overload);
-        QVERIFY(std::isnan(digits(number)));
     }
+    QVERIFY(std::isnan(digits(72)));
+    // The register keeps what was measured last: a load-change detector would take no number as 0.
+    QCOMPARE(digits(74), 364.0);
     // And it passes.
     m_fixture->feed(36.4);
     QCOMPARE(value(74).messwert, QStringLiteral("36.4"));
@@ -223,10 +229,59 @@ void tst_HostWeighing::unknownRegister()
     QCOMPARE(data.registerNumber, 5);
 }
 
+void tst_HostWeighing::unitIsAnyOfTheScale()
+{
+    m_fixture->settle(36.4);
+    QVERIFY(m_fixture->host->units().setMainUnit(QStringLiteral("kg")));
+    QCOMPARE(system().GetCurrentUnit(), 2);
+    QCOMPARE(value(74).messwert, QStringLiteral("0.0364"));
+    QCOMPARE(value(74).unit, QStringLiteral("kg"));
+    QCOMPARE(value(74).decimals, 4);
+    const MesswertData carat = system().GetRegisterValueProvider()->GetMesswert(8, 74);
+    QCOMPARE(carat.messwert, QStringLiteral("182.0"));
+    QCOMPARE(carat.unit, QStringLiteral("ct"));
+    m_fixture->fail(Reading::Status::Overload);
+    QCOMPARE(value(74).unit, QStringLiteral("kg"));
+    QCOMPARE(value(74).messwert, QString());
+}
+
+void tst_HostWeighing::gramsForComputers()
+{
+    m_fixture->settle(4000.0); // the coarse range
+    ApprovalSettings approval;
+    approval.reducedDigits = 1;
+    approval.auxiliaryDigit = true;
+    m_fixture->host->units().setApproval(approval);
+    m_fixture->host->units().setMainUnit(QStringLiteral("kg"));
+    const MesswertData data = m_fixture->host->registerValues().grams(ISystemRegister::CurrentRegister);
+    QCOMPARE(data.messwert, QStringLiteral("4000.0"));
+    QCOMPARE(data.unit, QStringLiteral("g"));
+    QCOMPARE(data.decimals, 1);
+    QCOMPARE(data.resolutionReduction, 0);
+    QCOMPARE(data.eichDigit, 0);
+    QCOMPARE(data.value, 4000.0);
+    m_fixture->fail(Reading::Status::Overload);
+    QCOMPARE(m_fixture->host->registerValues().grams(ISystemRegister::CurrentRegister).messwert, QString());
+}
+
+void tst_HostWeighing::unitChangeIsAnnounced()
+{
+    m_fixture->settle(36.4);
+    QSignalSpy spy(&m_fixture->host->weighing(), &Weighing::NotifyNewMeasurementValue);
+    m_fixture->host->units().setMainUnit(QStringLiteral("kg"));
+    QCOMPARE(spy.count(), 1);
+}
+
+void tst_HostWeighing::currentRegisterBeforeTheFirstReading()
+{
+    HostFixture fresh;
+    QVERIFY(std::isnan(fresh.host->system().GetSystemRegister()->GetRegisterValue(74)));
+}
+
 void tst_HostWeighing::unknownUnit()
 {
-    const MesswertData data = system().GetRegisterValueProvider()->GetMesswert(3, 74);
-    QCOMPARE(data.errorText, QStringLiteral("Unit 3 is not available"));
+    const MesswertData data = system().GetRegisterValueProvider()->GetMesswert(16, 74);
+    QCOMPARE(data.errorText, QStringLiteral("Unit 16 is not available"));
     QVERIFY(!data.isValid);
 }
 

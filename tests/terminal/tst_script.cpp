@@ -80,6 +80,29 @@ void TestScript::statement_data()
     QTest::newRow("expect printer ready") << int(Kind::ExpectPrinter);
     QTest::newRow("expect printer paper out") << int(Kind::ExpectPrinter);
     QTest::newRow("expect queue 3") << int(Kind::ExpectQueue);
+    QTest::newRow("press unit") << int(Kind::PressUnit);
+    QTest::newRow("press small-unit") << int(Kind::PressSmallUnit);
+    QTest::newRow("press action unit") << int(Kind::Press);
+    QTest::newRow("set unit kg") << int(Kind::SetUnit);
+    QTest::newRow("set small-unit none") << int(Kind::SetSmallUnit);
+    QTest::newRow("set approval on") << int(Kind::SetApproval);
+    QTest::newRow("set carat off") << int(Kind::SetCarat);
+    QTest::newRow("set auxiliary-digit on") << int(Kind::SetAuxiliaryDigit);
+    QTest::newRow("set decimals 2") << int(Kind::SetDecimals);
+    QTest::newRow("set reduced-digits 1") << int(Kind::SetReducedDigits);
+    QTest::newRow("set transfer off") << int(Kind::SetTransferOff);
+    QTest::newRow("set transfer absolute 5 g") << int(Kind::SetTransferAbsolute);
+    QTest::newRow("set transfer absolute-fixed 5 g") << int(Kind::SetTransferAbsolute);
+    QTest::newRow("set transfer percent 10") << int(Kind::SetTransferPercent);
+    QTest::newRow("set transfer percent-fixed 10") << int(Kind::SetTransferPercent);
+    QTest::newRow("set transfer minimum 20 g") << int(Kind::SetTransferMinimum);
+    QTest::newRow("set parameters msw") << int(Kind::SetParameters);
+    QTest::newRow("expect small 0.5 kg") << int(Kind::ExpectSmall);
+    QTest::newRow("expect units g kg") << int(Kind::ExpectUnits);
+    QTest::newRow("expect coarse off") << int(Kind::ExpectCoarse);
+    QTest::newRow("expect triggers 2") << int(Kind::ExpectTriggers);
+    QTest::newRow("expect reason inside the band") << int(Kind::ExpectReason);
+    QTest::newRow("expect parameters none") << int(Kind::ExpectParameters);
     QTest::newRow("disconnect") << int(Kind::Disconnect);
     QTest::newRow("connect") << int(Kind::Connect);
     QTest::newRow("dismiss") << int(Kind::Dismiss);
@@ -330,13 +353,21 @@ void TestScript::error_data()
         "the text is missing; write for example: wait display 500.0 g within 60 s");
     row("press what", "press",
         "this cannot be understood; write for example: press action print, or: press "
-        "print, or: press tare");
+        "print, or: press unit, or: press small-unit, or: press tare");
     row("two words for a button", "press clear tare",
         "this cannot be understood; write for example: press tare");
     row("level of what", "set level maybe", "this cannot be understood; write for example: set level off");
     row("set what", "set",
         "this cannot be understood; write for example: set level off, or: set calibration "
-        "due, or: set noise 0.5, or: set drift 0.2 g/min, or: set printer paper out");
+        "due, or: set noise 0.5, or: set drift 0.2 g/min, or: set printer paper out, or: set unit kg, or: "
+        "set small-unit g, or: set "
+        "approval on, or: set carat on, or: set auxiliary-digit on, or: set decimals 2, or: set "
+        "reduced-digits 1, or: set transfer off, or: set transfer absolute 5 g, or: set transfer percent 10, "
+        "or: set transfer minimum 20 g, or: set parameters standard");
+    row("set of parameters", "set parameters fast",
+        "the sets are standard, msw and system; write for example: set parameters standard");
+    row("threshold without a unit", "set transfer absolute 5",
+        "the weight is a number above 0 with mg, g or kg; write for example: set transfer absolute 5 g");
     row("noise negative", "set noise -1",
         "this must be a number not below 0; write for example: set noise 0.5");
     row("drift without unit", "set drift 0.5",

@@ -110,6 +110,50 @@ void TestScriptRunner::met_data()
         << "set calibration due; set calibration ok; expect warning calibration none";
     QTest::newRow("noise")
         << "set noise 5; wait 2 s; expect unstable; set noise 0; wait stable; expect display 0.0 g";
+    QTest::newRow("unit key") << "put on 500 g; wait stable; press unit; expect display 7716 GN; press unit; "
+                                 "expect display 0.5000 kg; set unit ct; expect display "
+                                 "2500.0 ct; press unit; expect display 321.5 dwt";
+    QTest::newRow("unit key of the terminal")
+        << "put on 500 g; wait stable; press action unit; expect display 7716 GN";
+    QTest::newRow("small display")
+        << "put on 500 g; wait stable; expect small none; set small-unit kg; expect small 0.5000 kg; press "
+           "small-unit; expect small 1.1023 lb; set small-unit none; expect small none";
+    QTest::newRow("small display of a net weight")
+        << "put on 500 g; wait stable; press tare; expect small 500.0 g; set small-unit kg; expect small "
+           "0.0000 kg";
+    QTest::newRow("approval")
+        << "wait stable; set unit lb; set approval on; expect units g kg; expect display 0.0 g; set carat "
+           "on; expect "
+           "units "
+           "ct g kg; set decimals 2; expect units ct kg; set approval off; expect display 0.0000 lb";
+    QTest::newRow("unverified and reduced digits")
+        << "put on 500 g; wait stable; set auxiliary-digit on; expect display 500.0 g; set reduced-digits 1; "
+           "expect display 500 g";
+    QTest::newRow("automatic transfer")
+        << "wait stable; set transfer absolute 5 g; expect reason inside the band; put on 500 g; wait "
+           "stable; "
+           "expect transfer 500.0 g; expect triggers 1; put on 3 g; wait stable; expect triggers 1; take off "
+           "all; wait stable; expect triggers 2; expect transfer 500.0 g";
+    QTest::newRow("automatic transfer in percent")
+        << "wait stable; set transfer percent 10; put on 500 g; wait stable; put on 40 g; wait stable; "
+           "expect "
+           "transfer 500.0 g; put on 20 g; wait stable; expect transfer 560.0 g; set transfer off; expect "
+           "reason switched off";
+    QTest::newRow("automatic transfer with a fixed band")
+        << "wait stable; set transfer minimum 50 g; set transfer absolute-fixed 5 g; expect reason no band; "
+           "put "
+           "on 500 g; wait stable; expect transfer none; take off all; wait stable; put on 502 g; wait "
+           "stable; "
+           "expect transfer 502.0 g";
+    QTest::newRow("cable out does not trigger")
+        << "wait stable; set transfer absolute 5 g; put on 500 g; wait stable; expect triggers 1; "
+           "disconnect; "
+           "wait 2 s; expect reason \"no valid reading: No connection\"; expect triggers 1; connect; wait "
+           "stable; expect triggers 1";
+    QTest::newRow("weighing parameters")
+        << "expect parameters none; set parameters msw; expect parameters msw; set parameters standard; "
+           "expect "
+           "parameters standard; set parameters system; expect parameters system";
     QTest::newRow("drift") << "set noise 0; set drift 6 g/min; wait 60 s; set drift 0 g/min; wait stable; "
                               "expect display 6.0 g";
     QTest::newRow("cable")
@@ -162,7 +206,7 @@ void TestScriptRunner::notMet_data()
     row("unknown key", "expect action nothing enabled",
         "a.script:1: expected key \"nothing\" enabled, but there is no key \"nothing\"; there are: zero, "
         "tare, "
-        "clearTare");
+        "clearTare, unit");
     row("print enabled", "expect print disabled",
         "a.script:1: expected the print key disabled, but it is enabled");
     row("notice", "expect notice Hello", "a.script:1: expected notice with \"Hello\", but there is none");
@@ -196,13 +240,20 @@ void TestScriptRunner::notCarriedOut_data()
         QTest::newRow(name) << QString::fromLatin1(script) << QString::fromLatin1(failure);
     };
     row("unknown key", "press start",
-        "a.script:1: there is no key \"start\"; there are: zero, tare, clearTare");
+        "a.script:1: there is no key \"start\"; there are: zero, tare, clearTare, unit");
     row("disabled key", "press clearTare", "a.script:1: the key \"clearTare\" is disabled");
     row("never stable", "set noise 5; wait stable within 3 s",
         "a.script:2: the weight was not stable within 3.0 s; it shows \"0.0 g\"");
     row("never shown", "wait stable; wait display 5.0 g within 2 s",
         "a.script:2: the display did not show \"5.0 g\" within 2.0 s; it shows \"0.0 g\"");
     row("too much noise", "set noise 6", "a.script:1: the noise goes up to 5 increments");
+    row("unit that is not offered", "set approval on; set unit lb",
+        "a.script:2: the unit \"lb\" is not offered; there are: g, kg");
+    row("too many decimals", "set decimals 8", "a.script:1: the decimals go up to 7");
+    row("too many digits left out", "set reduced-digits 4",
+        "a.script:1: the digits that are left out go up to 3");
+    row("threshold", "set transfer percent 100",
+        "a.script:1: The threshold of the automatic transfer must be a whole number from 1 to 99 percent.");
     row("too much drift", "set drift 11 g/min", "a.script:1: the drift goes up to 10 g/min");
     row("unknown plug-in", "start weighing", "a.script:1: there is no plug-in \"weighing\"; there are: none");
     row("nothing to close", "close", "a.script:1: no plug-in is running");

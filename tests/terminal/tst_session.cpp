@@ -64,6 +64,15 @@ private slots:
     void nothingIsStoredWithoutASettingsFile();
     void settingsFileThatCannotBeUsed_data();
     void settingsFileThatCannotBeUsed();
+    void unitsAndTransferOutliveTheTerminal();
+    void settingsThatAreWrongAreTold_data();
+    void settingsThatAreWrongAreTold();
+    void unitKeyBesideAPlugin();
+    void smallDisplayOfTheTerminalBesideAPlugin();
+    void coarseRangeIsShown();
+    void overflowIsNotTransferred();
+    void benchShowsTheDetector();
+    void benchRefusesAThreshold();
     void transferLogThatCannotBeWritten();
     void transferLog();
 
@@ -95,8 +104,8 @@ void TestSession::ownKeysWithoutAPlugin()
     QStringList uids;
     for (const ActionEntry& entry : session().actions().actions())
         uids.append(entry.uid);
-    QCOMPARE(uids,
-             (QStringList{QStringLiteral("zero"), QStringLiteral("tare"), QStringLiteral("clearTare")}));
+    QCOMPARE(uids, (QStringList{QStringLiteral("zero"), QStringLiteral("tare"), QStringLiteral("clearTare"),
+                                QStringLiteral("unit")}));
     QCOMPARE(&session().actions(), instrument().hostActions());
 
     emit bench().putOn(20.0);
@@ -535,6 +544,163 @@ void TestSession::nothingIsStoredWithoutASettingsFile()
     session().shutDown();
     m_fixture = std::make_unique<SessionFixture>();
     QVERIFY(QDir(folder.path()).isEmpty());
+}
+
+void TestSession::unitsAndTransferOutliveTheTerminal()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("terminal.ini"));
+    m_fixture->options.settings = file;
+    m_fixture->start();
+    Units& units = session().host().units();
+    QVERIFY(units.setMainUnit(QStringLiteral("ct")));
+    QVERIFY(units.setSmallUnit(QStringLiteral("kg")));
+    emit bench().units().approvedUnitsOnlyRequested(true);
+    emit bench().units().caratAllowedRequested(true);
+    emit bench().units().auxiliaryDigitRequested(true);
+    emit bench().units().reducedDigitsRequested(1);
+    emit bench().units().minimumDecimalsRequested(1);
+    emit bench().transfer().settingsRequested(QStringLiteral("percent-fixed"), 20.0, 50.0);
+    session().shutDown();
+
+    m_fixture = std::make_unique<SessionFixture>();
+    m_fixture->options.settings = file;
+    m_fixture->start();
+    QCOMPARE(session().errors(), QStringList());
+    QCOMPARE(session().host().units().mainUnit(), QStringLiteral("ct"));
+    QCOMPARE(session().host().units().smallUnit(), QStringLiteral("kg"));
+    const ApprovalSettings approval = session().host().units().approval();
+    QVERIFY(approval.approvedUnitsOnly);
+    QVERIFY(approval.caratAllowed);
+    QVERIFY(approval.auxiliaryDigit);
+    QCOMPARE(approval.reducedDigits, 1);
+    QCOMPARE(approval.minimumDecimals, 1);
+    const AutomaticTransferSettings transfer = session().host().automaticTransfer().settings();
+    QCOMPARE(transfer.mode, AutomaticTransferSettings::PercentFixed);
+    QCOMPARE(transfer.threshold, 20.0);
+    QCOMPARE(transfer.minimumLoad, 50.0);
+    QVERIFY(session().host().automaticTransfer().detector()->isActive());
+}
+
+void TestSession::settingsThatAreWrongAreTold_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("part");
+    QTest::newRow("unit") << QByteArray("[units]\nmain=stone\n") << "there is no unit \"stone\"";
+    QTest::newRow("small unit") << QByteArray("[units]\nsmall=KG\n") << "there is no unit \"KG\"";
+    QTest::newRow("mode") << QByteArray("[automaticTransfer]\nmode=often\n")
+                          << "the automatic transfer has no mode \"often\"";
+    QTest::newRow("threshold") << QByteArray("[automaticTransfer]\nmode=percent\nthreshold=100\n")
+                               << "from 1 to 99 percent";
+}
+
+void TestSession::settingsThatAreWrongAreTold()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, part);
+    QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("terminal.ini")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    file.close();
+    m_fixture->options.settings = file.fileName();
+    m_fixture->start();
+    QCOMPARE(session().errors().size(), 1);
+    QVERIFY2(session().errors().first().contains(part), qPrintable(session().errors().first()));
+    QVERIFY(session().errors().first().contains(file.fileName()));
+    QCOMPARE(session().host().units().mainUnit(), QStringLiteral("g"));
+}
+
+void TestSession::unitKeyBesideAPlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    emit bench().putOn(20.0);
+    m_fixture->settle();
+    QVERIFY(instrument().pluginActive());
+    emit instrument().unitPressed();
+    QCOMPARE(session().host().units().mainUnit(), QStringLiteral("GN"));
+    QCOMPARE(session().host().system().GetCurrentUnit(), 3);
+}
+
+void TestSession::smallDisplayOfTheTerminalBesideAPlugin()
+{
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    emit bench().putOn(20.0);
+    m_fixture->settle();
+    Brimvale::MesswertInfo own(nullptr, QStringLiteral("20.0"), QStringLiteral("g"), true, 0, true, false,
+                               false, 0, QString(), QString(), false, 0, true, false, 0, QString(), QString(),
+                               QString(), 0, 1, false, false, true, true, true);
+    instrument().setDisplay(&own);
+    QCOMPARE(session().display().small, QString());
+    session().host().units().setSmallUnit(QStringLiteral("kg"));
+    QCOMPARE(session().display().small, QStringLiteral("0.0200 kg"));
+    // An application that uses the small display keeps it.
+    own.setMesswertKlein(QStringLiteral("5"));
+    own.setMesswertKleinVisible(true);
+    QCOMPARE(session().display().small, QStringLiteral("5"));
+    instrument().setDisplay(nullptr);
+}
+
+void TestSession::coarseRangeIsShown()
+{
+    m_fixture->options.coarseAbove = 3000.0;
+    m_fixture->start();
+    emit bench().putOn(2000.0);
+    m_fixture->settle();
+    QVERIFY(!session().display().coarse);
+    QCOMPARE(session().display().value, QStringLiteral("2000.0 g"));
+    emit bench().putOn(2000.0);
+    m_fixture->settle();
+    QVERIFY(session().display().coarse);
+    QCOMPARE(session().display().value, QStringLiteral("4000 g"));
+}
+
+void TestSession::overflowIsNotTransferred()
+{
+    m_fixture->options.source = *SourceSpec::parse(QStringLiteral("sim:"), nullptr);
+    m_fixture->options.readability = *Readability::parse(QStringLiteral("0.0001"));
+    m_fixture->options.capacity = 6000.0;
+    m_fixture->start();
+    emit bench().putOn(5000.0);
+    m_fixture->settle();
+    QCOMPARE(session().display().value, QStringLiteral("5000.0000 g"));
+    QVERIFY(session().host().units().setMainUnit(QStringLiteral("ct")));
+    QCOMPARE(session().display().value, QStringLiteral("OF"));
+    emit instrument().printPressed();
+    QCOMPARE(session().lastTransfer(), QString());
+    QVERIFY(instrument().noticeText().contains(QLatin1String("choose a larger unit")));
+}
+
+void TestSession::benchShowsTheDetector()
+{
+    m_fixture->start();
+    m_fixture->settle();
+    emit bench().transfer().settingsRequested(QStringLiteral("absolute"), 5.0, 0.0);
+    emit bench().putOn(500.0);
+    m_fixture->settle();
+    const BenchTransferState& state = bench().transfer().state();
+    QCOMPARE(state.mode, QStringLiteral("absolute"));
+    QCOMPARE(state.state, int(Brimvale::LoadChange::Watching));
+    QCOMPARE(state.reference, 500.0);
+    QCOMPARE(state.bandLow, 495.0);
+    QCOMPARE(state.bandHigh, 505.0);
+    QCOMPARE(state.value, 500.0);
+    QCOMPARE(state.registerText, QStringLiteral("5000"));
+    QCOMPARE(state.triggerCount, 1);
+    QVERIFY(state.reason.startsWith(QLatin1String("inside the band")));
+    QVERIFY2(state.lastTrigger.endsWith(QLatin1String("above the band up to 5.0 g")),
+             qPrintable(state.lastTrigger));
+    QCOMPARE(state.decision, QStringLiteral("500.0 g transferred"));
+}
+
+void TestSession::benchRefusesAThreshold()
+{
+    m_fixture->start();
+    emit bench().transfer().settingsRequested(QStringLiteral("absolute"), 6000.0, 0.0);
+    QCOMPARE(bench().transfer().mode(), QStringLiteral("off"));
+    QVERIFY(instrument().noticeText().contains(QLatin1String("below 6000.0 g")));
 }
 
 void TestSession::settingsFileThatCannotBeUsed_data()

@@ -82,6 +82,15 @@ private slots:
     void sliderAsksForAValue();
     void benchPageIsChosenByItsTab_data();
     void benchPageIsChosenByItsTab();
+    void unitKeyIsTouched();
+    void smallDisplayOfTheTerminal();
+    void approvalIsAskedFor();
+    void unitIsAskedFor();
+    void parameterSetIsAskedFor_data();
+    void parameterSetIsAskedFor();
+    void transferIsAskedFor_data();
+    void transferIsAskedFor();
+    void detectorIsShown();
     void benchSwitches();
     void bubbleIsDragged();
     void benchWithARealSource();
@@ -794,6 +803,189 @@ void tst_TerminalWindow::benchPageIsChosenByItsTab()
     m_terminal->bench.setPage(QStringLiteral("scale"));
     QVERIFY(m_terminal->shown(QStringLiteral("benchScalePage")));
     QVERIFY(!m_terminal->shown(item));
+}
+
+void tst_TerminalWindow::unitKeyIsTouched()
+{
+    QSignalSpy spy(&m_terminal->instrument, &InstrumentModel::unitPressed);
+    QVERIFY(m_terminal->tap(QStringLiteral("unitKey")));
+    QCOMPARE(spy.count(), 1);
+    // Beside an application as well.
+    m_terminal->startApplication();
+    QVERIFY(m_terminal->tap(QStringLiteral("unitKey")));
+    QCOMPARE(spy.count(), 2);
+    m_terminal->display.setErrorText(QStringLiteral("Overload"));
+    QVERIFY(!m_terminal->shown(QStringLiteral("unitKey")));
+}
+
+void tst_TerminalWindow::smallDisplayOfTheTerminal()
+{
+    m_terminal->startApplication();
+    QVERIFY(!m_terminal->shown(QStringLiteral("smallDisplay")));
+    m_terminal->terminalDisplay.setMesswertKlein(QStringLiteral("2.8323"));
+    m_terminal->terminalDisplay.setUnitKlein(QStringLiteral("lb"));
+    m_terminal->terminalDisplay.setMesswertKleinVisible(true);
+    QVERIFY(m_terminal->shown(QStringLiteral("smallDisplay")));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("smallValue")), QStringLiteral("2.8323"));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("smallUnit")), QStringLiteral("lb"));
+    m_terminal->display.setMesswertKleinVisible(true);
+    QCOMPARE(m_terminal->textOf(QStringLiteral("smallUnit")), QStringLiteral("kg"));
+}
+
+void tst_TerminalWindow::approvalIsAskedFor()
+{
+    BenchUnitsModel& units = m_terminal->bench.units();
+    m_terminal->bench.setPage(QStringLiteral("units"));
+    QSignalSpy unitsOnly(&units, &BenchUnitsModel::approvedUnitsOnlyRequested);
+    QSignalSpy carat(&units, &BenchUnitsModel::caratAllowedRequested);
+    QSignalSpy auxiliary(&units, &BenchUnitsModel::auxiliaryDigitRequested);
+    QSignalSpy decimals(&units, &BenchUnitsModel::minimumDecimalsRequested);
+    QSignalSpy reduced(&units, &BenchUnitsModel::reducedDigitsRequested);
+    BenchUnitsState state;
+    state.caratAllowed = true;
+    state.minimumDecimals = 2;
+    state.reducedDigits = 3;
+    units.setState(state);
+    QVERIFY(m_terminal->tap(QStringLiteral("approvedUnitsOnly")));
+    QCOMPARE(unitsOnly.value(0).value(0).toBool(), true);
+    QVERIFY(m_terminal->tap(QStringLiteral("caratAllowed")));
+    QCOMPARE(carat.count(), 1);
+    QCOMPARE(carat.value(0).value(0).toBool(), false);
+    QVERIFY(m_terminal->tap(QStringLiteral("auxiliaryDigit")));
+    QCOMPARE(auxiliary.value(0).value(0).toBool(), true);
+    const auto step = [this](const char* stepper, const char* key) {
+        const QQuickItem* item =
+            m_terminal->shownIn(m_terminal->shown(QString::fromLatin1(stepper)), QString::fromLatin1(key));
+        m_terminal->tap(item->mapToScene(QPointF(item->width() / 2, item->height() / 2)));
+    };
+    step("minimumDecimals", "more");
+    QCOMPARE(decimals.value(0).value(0).toInt(), 3);
+    step("minimumDecimals", "less");
+    QCOMPARE(decimals.value(1).value(0).toInt(), 1);
+    step("reducedDigits", "more"); // the highest already
+    QCOMPARE(reduced.count(), 0);
+    step("reducedDigits", "less");
+    QCOMPARE(reduced.value(0).value(0).toInt(), 2);
+}
+
+void tst_TerminalWindow::unitIsAskedFor()
+{
+    BenchUnitsModel& units = m_terminal->bench.units();
+    m_terminal->bench.setPage(QStringLiteral("units"));
+    BenchUnitsState state;
+    state.offered = QStringList{QStringLiteral("g"), QStringLiteral("kg")};
+    units.setState(state);
+    QSignalSpy spy(&units, &BenchUnitsModel::mainUnitRequested);
+    QVERIFY(m_terminal->tap(QStringLiteral("offered:kg")));
+    QCOMPARE(spy.value(0).value(0).toString(), QStringLiteral("kg"));
+    QVERIFY(!m_terminal->shown(QStringLiteral("offered:ct")));
+}
+
+void tst_TerminalWindow::parameterSetIsAskedFor_data()
+{
+    QTest::addColumn<QString>("set");
+    for (const char* const set : {"standard", "msw", "system"})
+        QTest::newRow(set) << set;
+}
+
+void tst_TerminalWindow::parameterSetIsAskedFor()
+{
+    QFETCH(QString, set);
+    BenchUnitsModel& units = m_terminal->bench.units();
+    m_terminal->bench.setPage(QStringLiteral("units"));
+    BenchUnitsState state;
+    state.parameterSet = QStringLiteral("The set in force");
+    units.setState(state);
+    QSignalSpy spy(&units, &BenchUnitsModel::parameterSetRequested);
+    QVERIFY(m_terminal->tap(QStringLiteral("parameters:") + set));
+    QCOMPARE(spy.value(0).value(0).toString(), set);
+    QCOMPARE(m_terminal->textOf(QStringLiteral("parameterSet")), QStringLiteral("The set in force"));
+}
+
+void tst_TerminalWindow::transferIsAskedFor_data()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<double>("threshold");
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<double>("askedThreshold");
+    QTest::newRow("from off to grams") << "off" << 0.0 << "transferAbsolute"
+                                       << ""
+                                       << "absolute" << 10.0;
+    QTest::newRow("from off to percent") << "off" << 0.0 << "transferPercent"
+                                         << ""
+                                         << "percent" << 10.0;
+    QTest::newRow("off") << "absolute" << 5.0 << "transferOff"
+                         << ""
+                         << "off" << 5.0;
+    QTest::newRow("percent instead of grams") << "absolute-fixed" << 500.0 << "transferPercent"
+                                              << ""
+                                              << "percent-fixed" << 10.0;
+    QTest::newRow("fixed") << "percent" << 20.0 << "transferFixed"
+                           << ""
+                           << "percent-fixed" << 20.0;
+    QTest::newRow("no longer fixed") << "absolute-fixed" << 5.0 << "transferFixed"
+                                     << ""
+                                     << "absolute" << 5.0;
+    QTest::newRow("more") << "absolute" << 5.0 << "transferThreshold"
+                          << "more"
+                          << "absolute" << 10.0;
+    QTest::newRow("less") << "absolute" << 5.0 << "transferThreshold"
+                          << "less"
+                          << "absolute" << 2.0;
+    QTest::newRow("no more percent") << "percent" << 50.0 << "transferThreshold"
+                                     << "more"
+                                     << "percent" << 50.0;
+}
+
+void tst_TerminalWindow::transferIsAskedFor()
+{
+    QFETCH(QString, mode);
+    QFETCH(double, threshold);
+    QFETCH(QString, control);
+    QFETCH(QString, key);
+    BenchTransferModel& transfer = m_terminal->bench.transfer();
+    m_terminal->bench.setPage(QStringLiteral("transfer"));
+    BenchTransferState state;
+    state.mode = mode;
+    state.threshold = threshold;
+    state.minimumLoad = 7.0;
+    transfer.setState(state);
+    QSignalSpy spy(&transfer, &BenchTransferModel::settingsRequested);
+    const QQuickItem* item = m_terminal->shown(control);
+    if (!key.isEmpty())
+        item = m_terminal->shownIn(m_terminal->shown(control), key);
+    QVERIFY(item);
+    m_terminal->tap(item->mapToScene(QPointF(item->width() / 2, item->height() / 2)));
+    QCOMPARE(spy.count(), 1);
+    QTEST(spy.first().at(0).toString(), "asked");
+    QTEST(spy.first().at(1).toDouble(), "askedThreshold");
+    QCOMPARE(spy.first().at(2).toDouble(), 7.0);
+}
+
+void tst_TerminalWindow::detectorIsShown()
+{
+    BenchTransferModel& transfer = m_terminal->bench.transfer();
+    m_terminal->bench.setPage(QStringLiteral("transfer"));
+    QVERIFY(!m_terminal->shown(QStringLiteral("band")));
+    BenchTransferState state;
+    state.state = 1;
+    state.reference = 500.0;
+    state.bandLow = -495.0;
+    state.bandHigh = 505.0;
+    state.registerText = QStringLiteral("5000");
+    state.triggerCount = 3;
+    state.reason = QStringLiteral("inside the band");
+    transfer.setState(state);
+    QVERIFY(m_terminal->shown(QStringLiteral("band")));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("detectorState")), QStringLiteral("Watching"));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("transferReason")), QStringLiteral("inside the band"));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("reference")), QStringLiteral("500.0 g"));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("bandLow")), QStringLiteral("\u2212495.0 g"));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("bandHigh")), QStringLiteral("505.0 g"));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("register74")), QStringLiteral("5000"));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("triggers")), QStringLiteral("3"));
 }
 
 void tst_TerminalWindow::benchSwitches()

@@ -8,6 +8,10 @@ Rectangle {
 
     readonly property QtObject model: instrument.display
     readonly property QtObject warnings: instrument.warnings
+    // The terminal shows the weight in a second unit where an application leaves the small display empty.
+    readonly property QtObject small: model && model.messwertKleinVisible ? model
+                                    : instrument.terminalDisplay && instrument.terminalDisplay.messwertKleinVisible
+                                      ? instrument.terminalDisplay : null
     readonly property bool shown: model ? model.allVisible : false
     // A weight source that is gone leaves the last value in the model; it is not a reading any more.
     readonly property string errorText: !model ? ""
@@ -115,6 +119,33 @@ Rectangle {
         framed: display.model && display.valid ? display.model.eichDigit : 0
         color: display.valid ? Theme.ink : Theme.inkFaint
     }
+    Rectangle {
+        objectName: "unitKey"
+        visible: display.hasValue
+        x: display.unitLeft - 12
+        y: display.valueBaseline - 62
+        width: parent.width - 12 - x
+        height: 88
+        radius: Theme.radius
+        color: unitArea.pressed ? Theme.field : "transparent"
+        border.width: 1
+        border.color: Theme.line
+
+        Icon {
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.margins: 4
+            name: "next"
+            size: 14
+            color: Theme.inkFaint
+        }
+        MouseArea {
+            id: unitArea
+            anchors.fill: parent
+            onClicked: instrument.unitPressed()
+            onPressAndHold: instrument.smallUnitPressed()
+        }
+    }
     Text {
         objectName: "unit"
         visible: display.hasValue && display.valid
@@ -190,7 +221,7 @@ Rectangle {
     // Small display, in line with the main one.
     Item {
         objectName: "smallDisplay"
-        visible: display.shown && !display.hasError && display.model.messwertKleinVisible
+        visible: display.shown && !display.hasError && display.small
         width: parent.width
         height: parent.height
 
@@ -203,25 +234,25 @@ Rectangle {
             width: display.valueRight - display.valueLeft
             pixelSize: Theme.smallDisplaySize
             weight: Font.Normal
-            text: !display.model ? ""
-                : display.model.isValidKlein ? display.model.messwertKlein : "\u2013\u2009\u2013\u2009\u2013"
-            reduction: display.model && display.model.isValidKlein ? display.model.resolutionReductionKlein : 0
-            framed: display.model && display.model.isValidKlein ? display.model.eichDigitKlein : 0
+            text: !display.small ? ""
+                : display.small.isValidKlein ? display.small.messwertKlein : "\u2013\u2009\u2013\u2009\u2013"
+            reduction: display.small && display.small.isValidKlein ? display.small.resolutionReductionKlein : 0
+            framed: display.small && display.small.isValidKlein ? display.small.eichDigitKlein : 0
             color: Theme.inkSoft
         }
         Text {
             id: smallUnit
             objectName: "smallUnit"
-            visible: display.model ? display.model.isValidKlein : false
+            visible: display.small ? display.small.isValidKlein : false
             x: display.unitLeft
             y: display.smallBaseline - baselineOffset
-            text: display.model ? display.model.unitKlein : ""
+            text: display.small ? display.small.unitKlein : ""
             font.family: Theme.displayFamily
             font.pixelSize: Theme.titleSize
             color: Theme.inkSoft
         }
         Tag {
-            visible: display.model ? display.model.isValidKlein && display.model.isGrobRangeKlein : false
+            visible: display.small ? display.small.isValidKlein && display.small.isGrobRangeKlein : false
             anchors.left: smallUnit.right
             anchors.leftMargin: Theme.unit
             y: 178

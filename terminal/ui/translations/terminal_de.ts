@@ -153,6 +153,116 @@
     </message>
 </context>
 <context>
+    <name>BenchTransferPage</name>
+    <message>
+        <source>Transfer at a change of load</source>
+        <translation>Übernahme bei Lastwechsel</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Grams</source>
+        <translation>Gramm</translation>
+    </message>
+    <message>
+        <source>Percent</source>
+        <translation>Prozent</translation>
+    </message>
+    <message>
+        <source>Band stays at the first load</source>
+        <translation>Band bleibt bei der ersten Last</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Schwelle</translation>
+    </message>
+    <message>
+        <source>Armed, without a band</source>
+        <translation>Bereit, ohne Band</translation>
+    </message>
+    <message>
+        <source>Watching</source>
+        <translation>Überwacht</translation>
+    </message>
+    <message>
+        <source>Triggered</source>
+        <translation>Ausgelöst</translation>
+    </message>
+    <message>
+        <source>Reference</source>
+        <translation>Referenz</translation>
+    </message>
+    <message>
+        <source>Band from</source>
+        <translation>Band von</translation>
+    </message>
+    <message>
+        <source>Band up to</source>
+        <translation>Band bis</translation>
+    </message>
+    <message>
+        <source>Register 74</source>
+        <translation>Register 74</translation>
+    </message>
+    <message>
+        <source>Triggers</source>
+        <translation>Auslösungen</translation>
+    </message>
+    <message>
+        <source>Last trigger</source>
+        <translation>Letzte Auslösung</translation>
+    </message>
+</context>
+<context>
+    <name>BenchUnitsPage</name>
+    <message>
+        <source>The unit key steps through</source>
+        <translation>Die Einheitentaste bietet an</translation>
+    </message>
+    <message>
+        <source>No unit: the approval leaves none. Weights are shown in gram.</source>
+        <translation>Keine Einheit: Der Eichbetrieb lässt keine zu. Gewichte werden in Gramm gezeigt.</translation>
+    </message>
+    <message>
+        <source>Approved units only</source>
+        <translation>Nur geeichte Einheiten</translation>
+    </message>
+    <message>
+        <source>Carat allowed</source>
+        <translation>Karat erlaubt</translation>
+    </message>
+    <message>
+        <source>Last digit not verified</source>
+        <translation>Letzte Ziffer ungeeicht</translation>
+    </message>
+    <message>
+        <source>Decimals at least</source>
+        <translation>Mindeststellen</translation>
+    </message>
+    <message>
+        <source>Digits left out</source>
+        <translation>Fehlende Ziffern</translation>
+    </message>
+    <message>
+        <source>Weighing parameters in force</source>
+        <translation>Geltende Wägeparameter</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>MSW</source>
+        <translation>MSW</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Zurück</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::PrintItemCurrentMeasurement</name>
     <message>
         <source>Current measurement</source>
@@ -214,6 +324,33 @@
     <message>
         <source>Add-ons are not available on this terminal yet: those of number %1 were not started.</source>
         <translation>Add-ons gibt es auf diesem Terminal noch nicht: Die der Nummer %1 wurden nicht gestartet.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::AutomaticTransfer</name>
+    <message>
+        <source>The minimum load of the automatic transfer must not be below 0 g.</source>
+        <translation>Die Mindestlast der automatischen Übernahme darf nicht unter 0 g liegen.</translation>
+    </message>
+    <message>
+        <source>The threshold of the automatic transfer must be a whole number from 1 to 99 percent.</source>
+        <translation>Die Schwelle der automatischen Übernahme muss eine ganze Zahl von 1 bis 99 Prozent sein.</translation>
+    </message>
+    <message>
+        <source>The threshold of the automatic transfer must be above 0 g and below %1 g.</source>
+        <translation>Die Schwelle der automatischen Übernahme muss über 0 g und unter %1 g liegen.</translation>
+    </message>
+    <message>
+        <source>%1 not transferred: not above the minimum load</source>
+        <translation>%1 nicht übernommen: nicht über der Mindestlast</translation>
+    </message>
+    <message>
+        <source>%1 not transferred: outside the reference&apos;s band</source>
+        <translation>%1 nicht übernommen: außerhalb des Bandes</translation>
+    </message>
+    <message>
+        <source>%1 transferred</source>
+        <translation>%1 übernommen</translation>
     </message>
 </context>
 <context>
@@ -330,6 +467,10 @@
         <source>This step of the workflow has nothing to print.</source>
         <translation>Dieser Schritt des Ablaufs hat nichts zu drucken.</translation>
     </message>
+    <message>
+        <source>The weight does not fit into the display: choose a larger unit.</source>
+        <translation>Das Gewicht passt nicht in die Anzeige: Wählen Sie eine größere Einheit.</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::HostMenuList</name>
@@ -355,6 +496,41 @@
     <message>
         <source>No data for %1 s.</source>
         <translation>Seit %1 s keine Daten.</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::LoadChangeMonitor</name>
+    <message>
+        <source>%1 was above the band up to %2</source>
+        <translation>%1 lag über dem Band bis %2</translation>
+    </message>
+    <message>
+        <source>%1 was below the band from %2</source>
+        <translation>%1 lag unter dem Band ab %2</translation>
+    </message>
+    <message>
+        <source>switched off</source>
+        <translation>abgeschaltet</translation>
+    </message>
+    <message>
+        <source>no valid reading: %1</source>
+        <translation>kein gültiger Messwert: %1</translation>
+    </message>
+    <message>
+        <source>inside the band: %1</source>
+        <translation>innerhalb des Bandes: %1</translation>
+    </message>
+    <message>
+        <source>triggered, waits to be armed again</source>
+        <translation>ausgelöst, wartet auf neue Bereitschaft</translation>
+    </message>
+    <message>
+        <source>no band: %1 is not above the minimum of %2</source>
+        <translation>kein Band: %1 liegt nicht über dem Minimum von %2</translation>
+    </message>
+    <message>
+        <source>not latched: waits for the next stable weight</source>
+        <translation>ohne Band: wartet auf das nächste stabile Gewicht</translation>
     </message>
 </context>
 <context>
@@ -1096,6 +1272,46 @@
     <message>
         <source>Repeat print</source>
         <translation>Druck wiederholen</translation>
+    </message>
+    <message>
+        <source>%1: there is no unit &quot;%2&quot;; there are: %3</source>
+        <translation>%1: Es gibt keine Einheit „%2“; es gibt: %3</translation>
+    </message>
+    <message>
+        <source>%1: the automatic transfer has no mode &quot;%2&quot;; there are: %3</source>
+        <translation>%1: Die automatische Übernahme hat keine Betriebsart „%2“; es gibt: %3</translation>
+    </message>
+    <message>
+        <source>None was set yet</source>
+        <translation>Noch keine gesetzt</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>MSW</source>
+        <translation>MSW</translation>
+    </message>
+    <message>
+        <source>The user&apos;s own</source>
+        <translation>Eigene des Benutzers</translation>
+    </message>
+    <message>
+        <source>Terminal</source>
+        <translation>Terminal</translation>
+    </message>
+    <message>
+        <source>± %1, fixed</source>
+        <translation>± %1, fest</translation>
+    </message>
+    <message>
+        <source>± %1</source>
+        <translation>± %1</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
     </message>
 </context>
 <context>
