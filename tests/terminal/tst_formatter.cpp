@@ -71,6 +71,7 @@ private slots:
     void sicsBody();
     void convertsValue_data();
     void convertsValue();
+    void printOutOfTheManual();
     void noLineIsEverTooWide_data();
     void noLineIsEverTooWide();
 
@@ -449,6 +450,26 @@ void TestFormatter::convertsValue()
     QTEST(value.isStable, "stable");
     QTEST(int(value.valueMark), "mark");
     QTEST(int(value.bracketedDigitCount), "brackets");
+}
+
+void TestFormatter::printOutOfTheManual()
+{
+    FormattedValue unstable = stableValue("1284.6 g");
+    unstable.isStable = false;
+    FormattedValue calculated = stableValue("1284.4 g");
+    calculated.valueMark = Formatter::CalculatedMark;
+    const QString text =
+        m_formatter.FormatText(24, utf8("Mühle & Söhne GmbH"))
+        + m_formatter.FormatDescriptionText(24, utf8("Date"), utf8("2026-01-01"))
+        + m_formatter.FormatDescriptionText(24, utf8("Serial number"), utf8("0012345678"))
+        + m_formatter.FormatNameValue(24, utf8("Gross"), stableValue("1384.6 g"), false)
+        + m_formatter.FormatDescriptionText(24, utf8("Tare"), utf8("100.0 g"))
+        + m_formatter.FormatNameValue(24, utf8("Net"), unstable, false)
+        + m_formatter.FormatNameValue(24, utf8("Mean of the last ten samples"), calculated, false);
+    QCOMPARE(text, lines({utf8("Mühle & Söhne GmbH"), utf8("Date      2026-01-01"),
+                          utf8("Serial number 0012345678"), utf8("Gross        1384.6 g"),
+                          utf8("Tare          100.0 g"), utf8("Net        ~ 1284.6 g"),
+                          utf8("Mean of the last ten"), utf8("samples    * 1284.4 g")}));
 }
 
 void TestFormatter::noLineIsEverTooWide_data()

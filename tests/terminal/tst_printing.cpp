@@ -2,6 +2,7 @@
 #include "SessionFixture.h"
 #include "print/Formatter.h"
 #include "script/ScriptRunner.h"
+#include "sics/SicsServer.h"
 
 #include <QFile>
 #include <QTcpServer>
@@ -26,6 +27,9 @@ private slots:
     void goesToTheFile();
     void goesToTheNetwork();
     void goesNowhere();
+    void printKeyPrintsTheProtocol();
+    void printKeyWithoutPaper();
+    void sicsAnswerGoesToConnectedComputers();
     void repeatsByScript();
     void repeatsByKey();
     void repeatKeyIsThereForFailuresOnly();
@@ -140,6 +144,49 @@ void TestPrinting::goesNowhere()
     start();
     print();
     QVERIFY(play(QStringLiteral("expect printer none; expect queue 0")));
+}
+
+void TestPrinting::printKeyPrintsTheProtocol()
+{
+    m_fixture->options.printColumns = 24;
+    start();
+    session().host().protocol().setChosen(QStringLiteral("terminal.date"), true);
+    session().host().protocol().setChosen(QStringLiteral("terminal.time"), true);
+    QVERIFY(play(QStringLiteral("wait stable; press print; expect queue 0; expect printer ready")));
+    QCOMPARE(session().printQueue().lastPrint(),
+             QStringLiteral("Date      2026-01-01\nTime      08:00:01\n"));
+    QCOMPARE(session().paper().text(), session().printQueue().lastPrint() + QLatin1Char('\n'));
+}
+
+void TestPrinting::printKeyWithoutPaper()
+{
+    start();
+    session().host().protocol().setChosen(QStringLiteral("terminal.date"), true);
+    QVERIFY(play(QStringLiteral("wait stable; set printer paper out; press print; expect queue 1; "
+                                "expect notice out of paper; set printer ok; repeat print; expect queue 0")));
+    QCOMPARE(m_failures, QStringList());
+    QCOMPARE(session().paper().count(), 2); // The date and the cut.
+}
+
+void TestPrinting::sicsAnswerGoesToConnectedComputers()
+{
+    QString error;
+    m_fixture->options.sics = SicsAddress::parse(QStringLiteral("0"), &error);
+    QVERIFY2(m_fixture->options.sics, qPrintable(error));
+    start();
+    QVERIFY2(session().listen(&error), qPrintable(error));
+    PrintJob job(QStringLiteral("Weight"), 40, PrintFormat::Sics);
+    job.PrintLine(QStringLiteral("  S     100.00 g\r\n"));
+    QVERIFY(session().printQueue().submit(job));
+    QVERIFY(play(QStringLiteral("expect queue 1; expect notice No computer is connected")));
+
+    QTcpSocket computer;
+    computer.connectToHost(QHostAddress(QHostAddress::LocalHost), session().sics()->address().port);
+    QTRY_COMPARE(session().sics()->clientCount(), 1);
+    QVERIFY(play(QStringLiteral("repeat print; expect queue 0")));
+    QTRY_COMPARE(computer.bytesAvailable(), 18);
+    QCOMPARE(computer.readAll(), QByteArray("S S     100.00 g\r\n"));
+    QCOMPARE(m_failures, QStringList());
 }
 
 void TestPrinting::repeatsByScript()
