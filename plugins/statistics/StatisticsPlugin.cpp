@@ -11,6 +11,7 @@
 #include <ActionBaseToggle.h>
 #include <IActionbar.h>
 #include <IInfobox.h>
+#include <IMenuList.h>
 #include <IRegisterValueProvider.h>
 #include <ISystem.h>
 #include <ISystemRegister.h>
@@ -66,8 +67,9 @@ StatisticsPlugin::StatisticsPlugin()
 
 StatisticsPlugin::~StatisticsPlugin()
 {
-    // The base makes the settings profile but leaves it to the plug-in.
+    // The base makes the settings profile and asks the host for the protocol menu, but leaves both to the plug-in.
     delete m_settingsProfile;
+    delete m_protocolMenu;
 }
 
 QString StatisticsPlugin::dataFolder()
@@ -87,6 +89,8 @@ void StatisticsPlugin::FillPluginId(PluginId& id)
     id.identifier = QStringLiteral("statistics");
     id.kind = QStringLiteral("plugin");
     id.addonNumber = 2;
+    id.hasProtocol = true;
+    id.protocolName = tr("Print-outs");
     id.checkPrintOnClose = true;
     id.usesCalibrationService = true;
     id.usesLevellingService = true;
@@ -138,6 +142,21 @@ void StatisticsPlugin::ApplyProfileItem(int id, QVariant value)
 }
 
 // Life cycle -------------------------------------------------------------------------------------------------------
+
+void StatisticsPlugin::InitPluginProtocolItems()
+{
+    m_protocol = std::make_unique<StatisticsProtocol>(m_system);
+}
+
+void StatisticsPlugin::AddToPoolPluginProtocolItems()
+{
+    m_protocol->addToPool();
+}
+
+void StatisticsPlugin::RemoveFromPoolPluginProtocolItems()
+{
+    m_protocol->removeFromPool();
+}
 
 bool StatisticsPlugin::PreStartPlugin()
 {
@@ -484,6 +503,7 @@ QVariant StatisticsPlugin::onExport(QVariant data)
 void StatisticsPlugin::showSeries()
 {
     const SeriesFigures figures = m_series.figures();
+    m_protocol->setFigures(figures);
     showFigure(m_countItem, figures.count);
     showFigure(m_meanItem, figures.mean);
     showFigure(m_deviationItem, figures.deviation);
@@ -520,6 +540,7 @@ void StatisticsPlugin::TranslateWarnInfo()
 
 void StatisticsPlugin::translateTexts()
 {
+    m_protocol->translate();
     m_zeroAction->setName(tr("Zero"));
     m_tareAction->setName(tr("Tare"));
     m_recordAction->setName(tr("Record"));

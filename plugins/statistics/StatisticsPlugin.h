@@ -3,6 +3,7 @@
 #define STATISTICSPLUGIN_H
 
 #include "SeriesStore.h"
+#include "StatisticsProtocol.h"
 #include "StatisticsViewModel.h"
 #include "WeighingSeries.h"
 
@@ -10,6 +11,7 @@
 
 #include <MesswertData.h>
 #include <PluginBase.h>
+#include <memory>
 
 namespace Brimvale
 {
@@ -55,6 +57,9 @@ protected:
     QString GetPluginScreen() override;
     Brimvale::IPluginViewManager* CreateViewManager() override;
 
+    void InitPluginProtocolItems() override;
+    void AddToPoolPluginProtocolItems() override;
+    void RemoveFromPoolPluginProtocolItems() override;
     bool PreStartPlugin() override;
     void InitActionbar() override;
     bool PostStartPlugin() override;
@@ -95,6 +100,7 @@ private:
 
     SeriesStore m_store;
     WeighingSeries m_series;
+    std::unique_ptr<StatisticsProtocol> m_protocol;
     Brimvale::MesswertData m_previous;
     bool m_recordRequested = false;
 

@@ -102,6 +102,37 @@
         <source>Maximum</source>
         <translation>Maximum</translation>
     </message>
+    <message>
+        <source>Print-outs</source>
+        <translation>Ausdrucke</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsProtocol</name>
+    <message>
+        <source>Weighings</source>
+        <translation>Wägungen</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Standard deviation</source>
+        <translation>Std.-Abweichung</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistik</translation>
+    </message>
 </context>
 <context>
     <name>StatisticsScreen</name>

@@ -9,6 +9,7 @@
 
 #include <ActionBaseToggle.h>
 #include <IAction.h>
+#include <IPrintableItem.h>
 #include <ISystemRegister.h>
 #include <TestKit/RecordingHost.h>
 #include <limits>
@@ -84,6 +85,8 @@ private slots:
     void comesBackAfterARestart();
     void keepsItsSettings();
     void damagedFileIsTold();
+    void offersItsFiguresForPrintOuts();
+    void ownsTheProtocolMenu();
     void keysReachTheScale_data();
     void keysReachTheScale();
     void showsTheWarnings();
@@ -625,6 +628,56 @@ void TestStatisticsPlugin::damagedFileIsTold()
                  .arg(StatisticsPlugin::dataFolder()));
     weigh(10.0);
     QCOMPARE(infos().at(0), QStringLiteral("1"));
+}
+
+void TestStatisticsPlugin::offersItsFiguresForPrintOuts()
+{
+    QVERIFY(m_host->printItems().isEmpty()); // from start to close only
+    start();
+    const auto printed = [this] {
+        m_host->clearCalls();
+        const QList<IPrintableItem*> items = m_host->printItems();
+        for (IPrintableItem* item : items) {
+            item->Print(m_host->printer(), m_host->formatter());
+        }
+        return m_host->callsTo("IFormat::FormatNameValueUnit");
+    };
+    const QString line = QStringLiteral("IFormat::FormatNameValueUnit(0, \"%1\", \"%2\", \"%3\")");
+    const QString none = QStringLiteral("-");
+    QCOMPARE(printed(), QStringList({line.arg(QStringLiteral("Weighings"), QStringLiteral("0"), QString()),
+                                     line.arg(QStringLiteral("Mean"), none, QString()),
+                                     line.arg(QStringLiteral("Standard deviation"), none, QString()),
+                                     line.arg(QStringLiteral("Minimum"), none, QString()),
+                                     line.arg(QStringLiteral("Maximum"), none, QString())}));
+    weigh(10.0);
+    weigh(12.0);
+    const QString gram = QStringLiteral("g");
+    QCOMPARE(printed(),
+             QStringList({line.arg(QStringLiteral("Weighings"), QStringLiteral("2"), QString()),
+                          line.arg(QStringLiteral("Mean"), QStringLiteral("11.00"), gram),
+                          line.arg(QStringLiteral("Standard deviation"), QStringLiteral("1.41"), gram),
+                          line.arg(QStringLiteral("Minimum"), QStringLiteral("10.0"), gram),
+                          line.arg(QStringLiteral("Maximum"), QStringLiteral("12.0"), gram)}));
+    const QList<IPrintableItem*> items = m_host->printItems();
+    for (const IPrintableItem* item : items) {
+        QVERIFY(item->isEnabled(ProtocolType::Summary));
+        QVERIFY(!item->isAvailableIn(ProtocolArea::Header));
+        QVERIFY(item->isAvailableIn(ProtocolArea::Footer));
+        QCOMPARE(item->getCategory(), QStringLiteral("Statistics"));
+    }
+    QVERIFY(m_host->close(*m_plugin));
+    QVERIFY(m_host->printItems().isEmpty());
+}
+
+void TestStatisticsPlugin::ownsTheProtocolMenu()
+{
+    QCOMPARE(m_plugin->GetProtocolMenu(), m_host->protocolMenu());
+    QCOMPARE(
+        m_host->callsTo("IProtocolMenuFactory"),
+        QStringList(QStringLiteral("IProtocolMenuFactory::CreateProtocolMenu(\"Print-outs\", 0, false)")));
+    m_plugin = std::make_unique<StatisticsPlugin>(); // the first one deletes its menu
+    QVERIFY(m_host->init(*m_plugin));
+    QCOMPARE(m_plugin->GetProtocolMenu(), m_host->protocolMenu());
 }
 
 void TestStatisticsPlugin::keysReachTheScale_data()
