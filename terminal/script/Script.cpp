@@ -22,7 +22,7 @@ using Kind = Statement::Kind;
 
 /// A form of statement. Its pattern consists of words and of
 /// - `a|b` one of two words; the first sets Statement::on,
-/// - `{weight}` grams, `{number}` a number not below 0, `{drift}` grams per minute, `{index}` a whole number,
+/// - `{weight}` grams, `{number}` a number not below 0, `{noise}` display increments, `{drift}` grams per minute, `{index}` a whole number,
 /// - `{time}` a span of time, `{within}` optionally "within" and a span of time, at the end,
 /// - `{word}` a word, `{language}` en or de, `{page}` a page of the bench, `{set}` a set of weighing parameters,
 /// - `{text}` the rest of the line, in quotation marks or not, never empty without them; `{text?}` the same, or the
@@ -56,7 +56,7 @@ constexpr Form FormTable[] = {
     {Kind::Close, "close", "close"},
     {Kind::SetLevel, "set level ok|off", "set level off"},
     {Kind::SetCalibration, "set calibration due|ok", "set calibration due"},
-    {Kind::SetNoise, "set noise {number}", "set noise 0.5"},
+    {Kind::SetNoise, "set noise {noise}", "set noise 0.5"},
     {Kind::SetDrift, "set drift {drift}", "set drift 0.2 g/min"},
     {Kind::SetPrinter, "set printer {fault}", "set printer paper out"},
     {Kind::RepeatPrint, "repeat print", "repeat print"},
@@ -269,8 +269,12 @@ private:
                 return fail("the weight is a number above 0 with mg, g or kg");
         } else if (part == QLatin1String("{drift}")) {
             number = inUnit(rest, {{"g/min", 1.0}});
-            if (!number || std::fabs(*number) > 1.0e9)
-                return fail("the drift is a number with g/min");
+            if (!number || std::fabs(*number) > BenchModel::MaximumDrift)
+                return fail("the drift is a number of g/min up to 10, or down to -10");
+        } else if (part == QLatin1String("{noise}")) {
+            number = inUnit(rest, {{"", 1.0}});
+            if (!number || *number < 0.0 || *number > BenchModel::MaximumNoise)
+                return fail("the noise is a number of display increments from 0 to 5");
         } else {
             number = inUnit(rest, {{"", 1.0}});
             if (!number || *number < 0.0 || *number > 1.0e6)
@@ -290,7 +294,8 @@ private:
         const std::optional<qint64> time = milliseconds(m_rest);
         m_rest.clear();
         m_statement.withinMs = time.value_or(0);
-        return time || fail("the time is a number with ms, s or min, up to 24 hours");
+        return m_statement.withinMs > 0
+               || fail("the time to wait is a number above 0 with ms, s or min, up to 24 hours");
     }
 
     bool readText(bool noneAllowed)

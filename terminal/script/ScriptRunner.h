@@ -60,6 +60,7 @@ private:
     static Outcome expectText(const QString& what, const Statement& statement, const QString& found);
     static Outcome expectPart(const QString& what, const Statement& statement, const QString& found);
 
+    bool knowsPlugins(const Script& script);
     Outcome carryOut(const Statement& statement);
     Outcome expect(const Statement& statement);
     Outcome expectAction(const Statement& statement);

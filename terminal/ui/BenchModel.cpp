@@ -13,8 +13,6 @@ namespace
 {
 
 const int s_weightsOffered = 8;
-const double s_maximumNoise = 5.0;   // display increments
-const double s_maximumDrift = 10.0;  // grams per minute
 const double s_levelRing = 0.35;     // of the vial's radius
 const double s_tiltedBubbleX = 0.55; // where setLevel(false) moves the bubble: clearly outside the ring
 const double s_tiltedBubbleY = -0.40;
@@ -84,7 +82,7 @@ double BenchModel::noise() const
 
 double BenchModel::maximumNoise() const
 {
-    return s_maximumNoise;
+    return MaximumNoise;
 }
 
 double BenchModel::drift() const
@@ -94,7 +92,7 @@ double BenchModel::drift() const
 
 double BenchModel::maximumDrift() const
 {
-    return s_maximumDrift;
+    return MaximumDrift;
 }
 
 bool BenchModel::connected() const
@@ -218,7 +216,7 @@ void BenchModel::setReadability(double grams)
 
 void BenchModel::setNoise(double increments)
 {
-    const double noise = limited(increments, 0.0, s_maximumNoise);
+    const double noise = limited(increments, 0.0, MaximumNoise);
     if (m_noise != noise) {
         m_noise = noise;
         emit noiseChanged(noise);
@@ -227,7 +225,7 @@ void BenchModel::setNoise(double increments)
 
 void BenchModel::setDrift(double gramsPerMinute)
 {
-    const double drift = limited(gramsPerMinute, -s_maximumDrift, s_maximumDrift);
+    const double drift = limited(gramsPerMinute, -MaximumDrift, MaximumDrift);
     if (m_drift != drift) {
         m_drift = drift;
         emit driftChanged(drift);

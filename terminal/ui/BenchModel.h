@@ -70,6 +70,9 @@ class BenchModel : public QObject
     Q_PROPERTY(QStringList pluginFaults READ pluginFaults WRITE setPluginFaults NOTIFY pluginFaultsChanged)
 
 public:
+    static constexpr double MaximumNoise = 5.0;  ///< In display increments.
+    static constexpr double MaximumDrift = 10.0; ///< In grams per minute.
+
     explicit BenchModel(QObject* parent = nullptr);
 
     /// The names of the pages, in the order of their tabs: "scale", "units", "transfer", "printer".

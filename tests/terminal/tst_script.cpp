@@ -346,7 +346,11 @@ void TestScript::error_data()
         "or: "
         "wait end, or: wait display 500.0 g within 60 s, or: wait print within 30 s, or: wait 2 s");
     row("limit without unit", "wait stable within 10",
-        "the time is a number with ms, s or min, up to 24 hours; write for example: wait stable within 10 s");
+        "the time to wait is a number above 0 with ms, s or min, up to 24 hours; write for example: wait stable "
+        "within 10 s");
+    row("no time at all", "wait stable within 0 s",
+        "the time to wait is a number above 0 with ms, s or min, up to 24 hours; write for example: wait stable "
+        "within 10 s");
     row("limit of what", "wait stable in 10 s",
         "this cannot be understood; write for example: wait stable within 10 s");
     row("display of what", "wait display",
@@ -369,9 +373,13 @@ void TestScript::error_data()
     row("threshold without a unit", "set transfer absolute 5",
         "the weight is a number above 0 with mg, g or kg; write for example: set transfer absolute 5 g");
     row("noise negative", "set noise -1",
-        "this must be a number not below 0; write for example: set noise 0.5");
+        "the noise is a number of display increments from 0 to 5; write for example: set noise 0.5");
+    row("too much noise", "set noise 5.1",
+        "the noise is a number of display increments from 0 to 5; write for example: set noise 0.5");
     row("drift without unit", "set drift 0.5",
-        "the drift is a number with g/min; write for example: set drift 0.2 g/min");
+        "the drift is a number of g/min up to 10, or down to -10; write for example: set drift 0.2 g/min");
+    row("too much drift", "set drift -11 g/min",
+        "the drift is a number of g/min up to 10, or down to -10; write for example: set drift 0.2 g/min");
     row("more than needed", "close now", "this cannot be understood; write for example: close");
     row("language", "language fr", "there is English (en) and German (de); write for example: language de");
     row("page", "bench level",
