@@ -19,39 +19,31 @@ constexpr int TooManyDigits = 1000000000;   // LongestText digits and one more
 // Below 1e9 a product departs from the exact one, which decides about a tie, by less than 1e-7.
 constexpr double TieMargin = 1e-6;
 
-constexpr quint32 PowersOfTen[] = {1,      10,      100,      1000,      10000,
-                                   100000, 1000000, 10000000, 100000000, TooManyDigits};
-
 /// Writes `digits`, which are at most ten, with the point before the last `places` of them.
 QString pointedText(quint32 digits, int places, bool isNegative)
 {
-    // The length is found first, so that the digits are written only once.
-    int count = places + 1;
-    while (count <= LongestText && digits >= PowersOfTen[count]) {
-        ++count;
-    }
-    const int length = places > 0 ? count + 1 : count;
-    if (length > LongestText) {
-        return QString();
-    }
-    QString text(isNegative ? length + 1 : length, Qt::Uninitialized);
-    QChar* const begin = text.data();
-    QChar* next = begin + text.size();
+    constexpr int BufferSize = 12; // ten digits, point, sign
+    ushort buffer[BufferSize];
+    ushort* const end = buffer + BufferSize;
+    ushort* begin = end;
     for (int i = 0; i < places; ++i) {
-        *--next = QLatin1Char(static_cast<char>('0' + digits % 10));
+        *--begin = static_cast<ushort>('0' + digits % 10);
         digits /= 10;
     }
     if (places > 0) {
-        *--next = QLatin1Char('.');
+        *--begin = '.';
     }
-    for (int i = places; i < count; ++i) {
-        *--next = QLatin1Char(static_cast<char>('0' + digits % 10));
+    do {
+        *--begin = static_cast<ushort>('0' + digits % 10);
         digits /= 10;
+    } while (digits != 0);
+    if (end - begin > LongestText) {
+        return QString();
     }
     if (isNegative) {
-        *begin = QLatin1Char('-');
+        *--begin = '-';
     }
-    return text;
+    return QString(reinterpret_cast<const QChar*>(begin), static_cast<int>(end - begin));
 }
 
 /// As `fixedPointText()`, for every number and count of places.
