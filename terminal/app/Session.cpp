@@ -164,6 +164,8 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
     const QString file = settingsFile(options);
     if (!file.isEmpty())
         m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
+    if (m_settings)
+        m_host->protocol().terminalItems().setSerialNumber(m_settings->value(SerialNumberKey).toString());
     m_host->setOutput(ScreenOutputNumber, std::make_unique<ScreenOutput>());
     if (options.traceHostCalls) {
         m_host->calls().setTrace([](const QString& call) {
@@ -635,11 +637,10 @@ bool Session::listen(QString* error)
 {
     if (!m_options.sics)
         return true;
-    // A terminal that was given no serial number.
-    QString serialNumber = QStringLiteral("0");
-    if (m_settings)
-        serialNumber = m_settings->value(SerialNumberKey, serialNumber).toString();
-    m_sicsScale = std::make_unique<SicsScale>(*m_host, m_scale, m_formatter, serialNumber);
+    // The protocol has no answer without a serial number.
+    const QString serialNumber = m_host->protocol().terminalItems().serialNumber();
+    m_sicsScale = std::make_unique<SicsScale>(*m_host, m_scale, m_formatter,
+                                              serialNumber.isEmpty() ? QStringLiteral("0") : serialNumber);
     auto server = std::make_unique<SicsServer>(*m_sicsScale, m_clock);
     if (!server->listen(*m_options.sics, error))
         return false;
