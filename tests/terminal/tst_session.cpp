@@ -706,122 +706,123 @@ void TestSession::benchRefusesAThreshold()
     emit bench().transfer().settingsRequested(QStringLiteral("absolute"), 6000.0, 0.0);
     QCOMPARE(bench().transfer().mode(), QStringLiteral("off"));
     QVERIFY(instrument().noticeText().contains(QLatin1String("below 6000.0 g")));
+}
 
-    void TestSession::serialNumberOfTheSettings()
-    {
-        QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("terminal.ini"));
-        QSettings(file, QSettings::IniFormat)
-            .setValue(QStringLiteral("terminal/serialNumber"), QStringLiteral("B-1042"));
-        m_fixture->options.settings = file;
-        m_fixture->start();
-        QCOMPARE(session().host().protocol().terminalItems().serialNumber(), QStringLiteral("B-1042"));
-    }
+void TestSession::serialNumberOfTheSettings()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("terminal.ini"));
+    QSettings(file, QSettings::IniFormat)
+        .setValue(QStringLiteral("terminal/serialNumber"), QStringLiteral("B-1042"));
+    m_fixture->options.settings = file;
+    m_fixture->start();
+    QCOMPARE(session().host().protocol().terminalItems().serialNumber(), QStringLiteral("B-1042"));
+}
 
-    void TestSession::sicsAnswerOfAProtocol()
-    {
-        m_fixture->options.sics = SicsAddress();
-        m_fixture->start();
-        QString error;
-        QVERIFY2(session().listen(&error), qPrintable(error));
-        Host& host = session().host();
-        Brimvale::MesswertData weight;
-        weight.messwert = QStringLiteral("36.4");
-        weight.unit = QStringLiteral("g");
-        weight.isStable = true;
-        Brimvale::PrintItemCurrentMeasurement item(
-            nullptr, QStringLiteral("weight"), &weight,
-            {Brimvale::ProtocolType::Measurement, Brimvale::ProtocolArea::Sics}, false, &host.system());
-        host.protocolPool().AddItem(&item);
-        const auto withdraw = qScopeGuard([&] { host.protocolPool().RemoveItem(&item); });
-        ProtocolChoice choice;
-        choice.items = QStringList{QStringLiteral("weight")};
-        choice.part = ProtocolPart::Sics;
-        host.protocol().setChoice(choice);
+void TestSession::sicsAnswerOfAProtocol()
+{
+    m_fixture->options.sics = SicsAddress();
+    m_fixture->start();
+    QString error;
+    QVERIFY2(session().listen(&error), qPrintable(error));
+    Host& host = session().host();
+    Brimvale::MesswertData weight;
+    weight.messwert = QStringLiteral("36.4");
+    weight.unit = QStringLiteral("g");
+    weight.isStable = true;
+    Brimvale::PrintItemCurrentMeasurement item(
+        nullptr, QStringLiteral("weight"), &weight,
+        {Brimvale::ProtocolType::Measurement, Brimvale::ProtocolArea::Sics}, false, &host.system());
+    host.protocolPool().AddItem(&item);
+    const auto withdraw = qScopeGuard([&] { host.protocolPool().RemoveItem(&item); });
+    ProtocolChoice choice;
+    choice.items = QStringList{QStringLiteral("weight")};
+    choice.part = ProtocolPart::Sics;
+    host.protocol().setChoice(choice);
 
-        // Nobody is there to take it: it is kept.
-        host.protocol().print();
-        QCOMPARE(session().printQueue().failedCount(), 1);
+    // Nobody is there to take it: it is kept.
+    host.protocol().print();
+    QCOMPARE(session().printQueue().failedCount(), 1);
 
-        QTcpSocket first;
-        QTcpSocket second;
-        for (QTcpSocket* const socket : {&first, &second})
-            socket->connectToHost(QHostAddress::LocalHost, session().sics()->address().port);
-        QTRY_COMPARE(instrument().sicsClients(), 2);
-        QVERIFY(session().printQueue().repeat());
-        for (QTcpSocket* const socket : {&first, &second})
-            QTRY_COMPARE(socket->peek(100), QByteArray("S S       36.4 g\r\n"));
-        QCOMPARE(session().printQueue().failedCount(), 0);
+    QTcpSocket first;
+    QTcpSocket second;
+    for (QTcpSocket* const socket : {&first, &second})
+        socket->connectToHost(QHostAddress::LocalHost, session().sics()->address().port);
+    QTRY_COMPARE(instrument().sicsClients(), 2);
+    QVERIFY(session().printQueue().repeat());
+    for (QTcpSocket* const socket : {&first, &second})
+        QTRY_COMPARE(socket->peek(100), QByteArray("S S       36.4 g\r\n"));
+    QCOMPARE(session().printQueue().failedCount(), 0);
 
-        weight.isStable = false;
-        QVERIFY(host.protocol().print());
-        for (QTcpSocket* const socket : {&first, &second})
-            QTRY_COMPARE(socket->peek(100), QByteArray("S S       36.4 g\r\nS D       36.4 g\r\n"));
-        session().shutDown();
-        for (QTcpSocket* const socket : {&first, &second})
-            QTRY_COMPARE(socket->state(), QTcpSocket::UnconnectedState);
-    }
+    weight.isStable = false;
+    QVERIFY(host.protocol().print());
+    for (QTcpSocket* const socket : {&first, &second})
+        QTRY_COMPARE(socket->peek(100), QByteArray("S S       36.4 g\r\nS D       36.4 g\r\n"));
+    session().shutDown();
+    for (QTcpSocket* const socket : {&first, &second})
+        QTRY_COMPARE(socket->state(), QTcpSocket::UnconnectedState);
+}
 
-    void TestSession::settingsFileThatCannotBeUsed_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("a folder is no file") << QString();
-        QTest::newRow("a file is no folder") << QStringLiteral("/file/terminal.ini");
-        QTest::newRow("a new file in a folder that is not written") << QStringLiteral("/read only/new.ini");
-        QTest::newRow("a file in a folder that is not written") << QStringLiteral("/read only/terminal.ini");
-    }
+void TestSession::settingsFileThatCannotBeUsed_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a folder is no file") << QString();
+    QTest::newRow("a file is no folder") << QStringLiteral("/file/terminal.ini");
+    QTest::newRow("a new file in a folder that is not written") << QStringLiteral("/read only/new.ini");
+    QTest::newRow("a file in a folder that is not written") << QStringLiteral("/read only/terminal.ini");
+}
 
-    void TestSession::settingsFileThatCannotBeUsed()
-    {
-        QFETCH(QString, name);
-        QTemporaryDir folder;
-        const QString readOnly = folder.filePath(QStringLiteral("read only"));
-        QVERIFY(QDir().mkdir(readOnly));
-        for (const char* file : {"/file", "/read only/terminal.ini"})
-            QVERIFY(QFile(folder.path() + QLatin1String(file)).open(QIODevice::WriteOnly));
-        QVERIFY(QFile::setPermissions(readOnly, QFile::ReadOwner | QFile::ExeOwner));
-        const auto writable = qScopeGuard(
-            [&] { QFile::setPermissions(readOnly, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); });
-        if (name.startsWith(QLatin1String("/read only")) && QFileInfo(readOnly).isWritable())
-            QSKIP("this user may write into every folder");
-        m_fixture->options.settings = folder.path() + name;
-        m_fixture->log = std::make_unique<LogOutput>(QsLogging::OffLevel);
-        Session session(m_fixture->options, m_fixture->clock,
-                        std::make_unique<SimulatedSource>(m_fixture->clock), *m_fixture->log);
-        QStringList errors;
-        QVERIFY(!session.prepare(&errors));
-        QCOMPARE(errors.size(), 1);
-        QVERIFY2(errors.first().contains(folder.path()), qPrintable(errors.first()));
-    }
+void TestSession::settingsFileThatCannotBeUsed()
+{
+    QFETCH(QString, name);
+    QTemporaryDir folder;
+    const QString readOnly = folder.filePath(QStringLiteral("read only"));
+    QVERIFY(QDir().mkdir(readOnly));
+    for (const char* file : {"/file", "/read only/terminal.ini"})
+        QVERIFY(QFile(folder.path() + QLatin1String(file)).open(QIODevice::WriteOnly));
+    QVERIFY(QFile::setPermissions(readOnly, QFile::ReadOwner | QFile::ExeOwner));
+    const auto writable = qScopeGuard(
+        [&] { QFile::setPermissions(readOnly, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); });
+    if (name.startsWith(QLatin1String("/read only")) && QFileInfo(readOnly).isWritable())
+        QSKIP("this user may write into every folder");
+    m_fixture->options.settings = folder.path() + name;
+    m_fixture->log = std::make_unique<LogOutput>(QsLogging::OffLevel);
+    Session session(m_fixture->options, m_fixture->clock, std::make_unique<SimulatedSource>(m_fixture->clock),
+                    *m_fixture->log);
+    QStringList errors;
+    QVERIFY(!session.prepare(&errors));
+    QCOMPARE(errors.size(), 1);
+    QVERIFY2(errors.first().contains(folder.path()), qPrintable(errors.first()));
+}
 
-    void TestSession::transferLogThatCannotBeWritten()
-    {
-        QTemporaryDir folder;
-        m_fixture->options.transferLog = folder.filePath(QStringLiteral("none/transfer.csv"));
-        m_fixture->log = std::make_unique<LogOutput>(QsLogging::OffLevel);
-        Session session(m_fixture->options, m_fixture->clock,
-                        std::make_unique<SimulatedSource>(m_fixture->clock), *m_fixture->log);
-        QStringList errors;
-        QVERIFY(!session.prepare(&errors));
-        QCOMPARE(errors.size(), 1);
-        QVERIFY2(errors.first().contains(m_fixture->options.transferLog), qPrintable(errors.first()));
-    }
+void TestSession::transferLogThatCannotBeWritten()
+{
+    QTemporaryDir folder;
+    m_fixture->options.transferLog = folder.filePath(QStringLiteral("none/transfer.csv"));
+    m_fixture->log = std::make_unique<LogOutput>(QsLogging::OffLevel);
+    Session session(m_fixture->options, m_fixture->clock, std::make_unique<SimulatedSource>(m_fixture->clock),
+                    *m_fixture->log);
+    QStringList errors;
+    QVERIFY(!session.prepare(&errors));
+    QCOMPARE(errors.size(), 1);
+    QVERIFY2(errors.first().contains(m_fixture->options.transferLog), qPrintable(errors.first()));
+}
 
-    void TestSession::transferLog()
-    {
-        QTemporaryDir folder;
-        m_fixture->options.transferLog = folder.filePath(QStringLiteral("transfer.csv"));
-        m_fixture->start();
-        emit bench().putOn(5.0);
-        m_fixture->settle();
-        emit instrument().printPressed();
-        QFile file(m_fixture->options.transferLog);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(QString::fromUtf8(file.readAll()),
-                 QStringLiteral("time,value,unit,state,kind,gross,tare,error\n"
-                                "2026-01-01T08:00:05.000Z,5.0,g,stable,gross,5.0,0.0,\n"));
-    }
+void TestSession::transferLog()
+{
+    QTemporaryDir folder;
+    m_fixture->options.transferLog = folder.filePath(QStringLiteral("transfer.csv"));
+    m_fixture->start();
+    emit bench().putOn(5.0);
+    m_fixture->settle();
+    emit instrument().printPressed();
+    QFile file(m_fixture->options.transferLog);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(QString::fromUtf8(file.readAll()),
+             QStringLiteral("time,value,unit,state,kind,gross,tare,error\n"
+                            "2026-01-01T08:00:05.000Z,5.0,g,stable,gross,5.0,0.0,\n"));
+}
 
-    QTEST_MAIN(TestSession)
+QTEST_MAIN(TestSession)
 
 #include "tst_session.moc"

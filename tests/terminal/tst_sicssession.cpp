@@ -39,6 +39,7 @@ private slots:
     void tareIsSet();
     void refusedTareChangesNothing();
     void germanTerminalAnswersTheSame();
+    void unitOfTheDisplayIsNotThatOfTheAnswers();
     void serialNumberOfAnyText();
     void formatNameIsOnlyBorrowed();
 
@@ -400,6 +401,14 @@ void tst_SicsSession::germanTerminalAnswersTheSame()
     send("SI\r\n");
     QLocale::setDefault(QLocale::c());
     QCOMPARE(taken(), QByteArray("S S     1234.5 g\r\nS I\r\n"));
+}
+
+void tst_SicsSession::unitOfTheDisplayIsNotThatOfTheAnswers()
+{
+    m_fixture->settle(1234.5);
+    QVERIFY(m_fixture->host->units().setMainUnit(QStringLiteral("kg")));
+    send("SI\r\nT\r\nSI\r\n");
+    QCOMPARE(taken(), QByteArray("S S     1234.5 g\r\nT S     1234.5 g\r\nS S        0.0 g\r\n"));
 }
 
 void tst_SicsSession::serialNumberOfAnyText()
