@@ -68,8 +68,11 @@ bool SeriesStore::open(WeighingSeries* series)
     }
     Result result = openFile(series);
     if (result == Result::Damaged) {
+        // Renamed while it is open: at the close SQLite would delete the log of what it could not read.
+        const bool isMoved = setAside();
         close();
-        if (!setAside()) {
+        series->clear();
+        if (!isMoved) {
             return false;
         }
         result = openFile(series);

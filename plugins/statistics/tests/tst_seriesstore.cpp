@@ -77,6 +77,7 @@ private slots:
     void survivesKillWithinAWrite();
     void damagedFileIsSetAside_data();
     void damagedFileIsSetAside();
+    void logOfADamagedFileIsKept();
     void damagedFilesAreNumbered();
     void foreignValues_data();
     void foreignValues();
@@ -313,10 +314,32 @@ void TestSeriesStore::damagedFileIsSetAside()
     QCOMPARE(store.damagedFile(), folder() + QStringLiteral("/series.damaged-1.sqlite"));
     QFile kept(store.damagedFile());
     QVERIFY(kept.open(QIODevice::ReadOnly));
-    QCOMPARE(kept.size(), qint64(damaged.size())); // nothing is lost that was there
+    QVERIFY(kept.readAll() == damaged); // nothing is lost that was there
     QVERIFY(store.append(weighing(1)));
     store.close();
     QCOMPARE(storedCount(), 1);
+}
+
+void TestSeriesStore::logOfADamagedFileIsKept()
+{
+    fill(1);
+    QProcess writer;
+    writer.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--write"), folder()});
+    QVERIFY(writer.waitForReadyRead(10000));
+    QCOMPARE(::kill(static_cast<pid_t>(writer.processId()), SIGKILL), 0);
+    QVERIFY(writer.waitForFinished());
+    QFile log(file() + QStringLiteral("-wal"));
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    const QByteArray newest = log.readAll(); // weighings that are not in the file itself yet
+    QVERIFY(!newest.isEmpty());
+    setContent(content().replace(0, 16, "no database here"));
+
+    bool setAside = false;
+    QCOMPARE(storedCount(&setAside), 0);
+    QVERIFY(setAside);
+    QFile kept(folder() + QStringLiteral("/series.damaged-1.sqlite-wal"));
+    QVERIFY(kept.open(QIODevice::ReadOnly));
+    QVERIFY(kept.readAll() == newest);
 }
 
 void TestSeriesStore::damagedFilesAreNumbered()
