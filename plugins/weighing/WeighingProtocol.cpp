@@ -34,7 +34,7 @@ QString uid(const char* name)
 
 WeighingProtocol::WeighingProtocol(ISystem* system, MesswertData* current)
     : m_system(system)
-    , m_signatureLine(QStringLiteral("______________"))
+    , m_emptyLine(QStringLiteral("______________"))
 {
     translate();
 
@@ -68,8 +68,8 @@ WeighingProtocol::WeighingProtocol(ISystem* system, MesswertData* current)
         &m_digits, true, &m_capacityName, CategorySort::device, &m_category, m_system->GetSystemRegister()));
 
     m_items.append(new PrintItemDescriptionText(&m_owner, uid("9signature"), &m_signatureName, Foot,
-                                                &m_signatureName, &m_signatureLine, true,
-                                                CategorySort::general, &m_generalCategory));
+                                                &m_signatureName, &m_emptyLine, true, CategorySort::general,
+                                                &m_generalCategory));
 
     // Alone and without a name it is what a SICS answer is made of.
     m_items.append(new PrintItemCurrentMeasurement(&m_owner, uid("sics"), current, Answer, false, m_system));
@@ -109,7 +109,7 @@ void WeighingProtocol::translate()
     m_tareName = tr("Tare weight");
     m_netName = tr("Net");
     m_capacityName = tr("Capacity");
-    m_digits = tr("digits");
+    m_digits = tr("d");
     m_measurementCategory = tr("Measurement");
     m_signatureName = tr("Signature");
     m_generalCategory = tr("General");
@@ -133,7 +133,7 @@ void WeighingProtocol::setWeighing(int number, const MesswertData& previous)
 
 void WeighingProtocol::setSettings(const QString& place, double minimumWeight)
 {
-    m_place = place.isEmpty() ? QStringLiteral("-") : place;
+    m_place = place.isEmpty() ? m_emptyLine : place; // to be filled in by hand
     m_minimumItem->setValue(QString::number(minimumWeight));
 }
 

@@ -62,7 +62,7 @@ private:
     QString m_digits;
     QString m_measurementCategory;
     QString m_signatureName;
-    QString m_signatureLine;
+    QString m_emptyLine;
     QString m_generalCategory;
     QString m_tareTriggerName;
     Brimvale::PrintItemNameValueUnitData m_numberTexts{nullptr};

@@ -76,10 +76,6 @@
         <translation>Höchstlast</translation>
     </message>
     <message>
-        <source>digits</source>
-        <translation>Digits</translation>
-    </message>
-    <message>
         <source>Measurement</source>
         <translation>Messung</translation>
     </message>
@@ -106,6 +102,10 @@
     <message>
         <source>Minimum weight</source>
         <translation>Mindestgewicht</translation>
+    </message>
+    <message>
+        <source>d</source>
+        <translation>d</translation>
     </message>
 </context>
 <context>

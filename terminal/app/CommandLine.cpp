@@ -64,6 +64,10 @@ constexpr OptionInfo OptionTable[] = {
     {"seed", "N", "begins the noise of the simulated scale (default 1)", nullptr, false},
     {"headless", nullptr, "run without a window and without a display", "Without a window", false},
     {"script", "FILE", "play the script FILE; see docs/headless-scripts.md", nullptr, false},
+    {"approve", nullptr,
+     "keep what the script prints as what is expected: the files of \"expect print\"\n"
+     "are renewed",
+     nullptr, false},
     {"demo", nullptr, "play a short demonstration on the simulated scale", nullptr, false},
     {"duration", "SECONDS",
      "end after so many seconds of the scale's time; default: 5 with sim:, the whole\n"
@@ -254,6 +258,7 @@ bool CommandLine::readValues(const QCommandLineParser& parser)
     m_options.check = isSet("check");
     m_options.headless = isSet("headless");
     m_options.script = value("script");
+    m_options.approve = isSet("approve");
     m_options.demo = isSet("demo");
     m_options.screenshot = value("screenshot");
     m_options.output = value("output");
@@ -429,6 +434,8 @@ bool CommandLine::readCombination()
             return refuse(QStringLiteral("--speed max works without a window only; add --headless, or give a "
                                          "number such as --speed 10"));
     }
+    if (m_options.approve && m_options.script.isEmpty())
+        return refuse(QStringLiteral("--approve: it renews what a script expects; add --script FILE"));
     if (m_options.demo && !m_options.script.isEmpty())
         return conflict("demo", "script", QStringLiteral("the demonstration is a script of its own"));
     if (m_options.demo && !simulated)

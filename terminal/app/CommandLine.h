@@ -53,6 +53,7 @@ struct Options
     bool demo = false;
     bool check = false;
     QString script;                        ///< Empty: none.
+    bool approve = false;                  ///< What the script prints is what is expected from now on.
     QString screenshot;                    ///< Empty: none.
     QString output;                        ///< Folder of the screenshots of a script or demo; empty: default.
     std::optional<double> durationSeconds; ///< Unset: see the manual.

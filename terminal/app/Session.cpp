@@ -54,6 +54,7 @@ const QString ReducedKey = QStringLiteral("approval/reducedDigits");
 const QString TransferModeKey = QStringLiteral("automaticTransfer/mode");
 const QString ThresholdKey = QStringLiteral("automaticTransfer/threshold");
 const QString MinimumLoadKey = QStringLiteral("automaticTransfer/minimumLoad");
+const QString OperatorKey = QStringLiteral("terminal/operator");
 const QString PositionKey = QStringLiteral("terminal/windowPosition");
 
 /// How long a notice stays that only informs; the screen does the same in a window.
@@ -328,6 +329,11 @@ void Session::connectProtocol()
 {
     ProtocolModel* const model = m_instrument.protocol();
     Protocol* const protocol = &m_host->protocol();
+    if (m_settings)
+        protocol->terminalItems().setOperatorName(m_settings->value(OperatorKey).toString());
+    // A terminal without a SICS port shows its answers on the paper roll.
+    if (!m_options.sics)
+        m_printQueue.setSicsOutput(std::make_unique<RollPrinter>(m_paper));
     connect(protocol, &Protocol::changed, this, &Session::updateProtocol);
     connect(model, &ProtocolModel::openChanged, this, &Session::updateProtocol);
     connect(model, &ProtocolModel::itemToggled, protocol, &Protocol::setChosen);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "script/Script.h"
 
+#include "print/Formatter.h"
+#include "protocol/ProtocolChoice.h"
 #include "source/DecimalText.h"
 #include "ui/BenchModel.h"
 #include "ui/PrinterModel.h"
@@ -29,6 +31,8 @@ using Kind = Statement::Kind;
 ///   word none,
 /// - `{found}` and `{found?}` as {text} and {text?}, but never empty,
 /// - `{fault}` a fault of the printer, `{state}` what it does,
+/// - `{file?}` the name of a file, or the word none,
+/// - `{columns}` 24, 40 or 80, `{kind}` and `{part}` those of a protocol,
 /// - `{rest}` the rest of the line as it is, `{picture}` the same, the name of a PNG file.
 struct Form
 {
@@ -72,6 +76,15 @@ constexpr Form FormTable[] = {
     {Kind::SetTransferPercent, "set transfer percent|percent-fixed {number}", "set transfer percent 10"},
     {Kind::SetTransferMinimum, "set transfer minimum {weight}", "set transfer minimum 20 g"},
     {Kind::SetParameters, "set parameters {set}", "set parameters standard"},
+    {Kind::SetOperator, "set operator {text}", "set operator NAME"},
+    {Kind::SetSerialNumber, "set serial-number {text}", "set serial-number NUMBER"},
+    {Kind::SetPrintColumns, "set print-columns {columns}", "set print-columns 24"},
+    {Kind::ProtocolItems, "protocol items all|none", "protocol items all"},
+    {Kind::ProtocolItem, "protocol item {word} on|off", "protocol item UID on"},
+    {Kind::ProtocolKind, "protocol kind {kind}", "protocol kind measurement"},
+    {Kind::ProtocolPart, "protocol part {part}", "protocol part whole"},
+    {Kind::ProtocolTrigger, "protocol trigger {word}", "protocol trigger terminal.printKey"},
+    {Kind::ProtocolMenu, "protocol menu open|closed", "protocol menu open"},
     {Kind::Disconnect, "disconnect", "disconnect"},
     {Kind::Connect, "connect", "connect"},
     {Kind::Dismiss, "dismiss", "dismiss"},
@@ -88,6 +101,7 @@ constexpr Form FormTable[] = {
     {Kind::ExpectActionToggle, "expect action {word} toggle {index}", "expect action hold toggle 1"},
     {Kind::ExpectActionText, "expect action {word} text {text}", "expect action tare text Tare"},
     {Kind::ExpectPrint, "expect print enabled|disabled", "expect print enabled"},
+    {Kind::ExpectPrintOut, "expect print {file?}", "expect print print-out.txt"},
     {Kind::ExpectNotice, "expect notice {found?}", "expect notice TEXT"},
     {Kind::ExpectTransfer, "expect transfer {text?}", "expect transfer 500.0 g"},
     {Kind::ExpectNoHostCall, "expect no host-call {found}", "expect no host-call IActionbar::SetEntry"},
@@ -213,6 +227,24 @@ private:
             return QStringList({QStringLiteral("standard"), QStringLiteral("msw"), QStringLiteral("system")})
                        .contains(m_statement.word)
                    || fail("the sets are standard, msw and system");
+        }
+        if (part == QLatin1String("{file?}"))
+            return readText(true)
+                   && (m_statement.none || !m_statement.text.isEmpty()
+                       || fail("the name of the file is missing"));
+        if (part == QLatin1String("{columns}")) {
+            m_statement.number = takeWord(&m_rest).toInt();
+            return Formatter::isLayout(qRound(m_statement.number))
+                   || fail("a print-out has 24, 40 or 80 columns");
+        }
+        if (part == QLatin1String("{kind}")) {
+            m_statement.word = takeWord(&m_rest);
+            return protocolTypeOf(m_statement.word)
+                   || fail("there are measurement, series, summary, calibration and workflow");
+        }
+        if (part == QLatin1String("{part}")) {
+            m_statement.word = takeWord(&m_rest);
+            return protocolPartOf(m_statement.word) || fail("there are whole, header, body, footer and sics");
         }
         if (part == QLatin1String("{index}")) {
             bool ok = false;

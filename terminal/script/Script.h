@@ -37,6 +37,15 @@ struct Statement
         SetCalibration,           ///< on: due
         SetNoise,                 ///< number: increments
         SetDrift,                 ///< number: grams per minute
+        SetOperator,              ///< text
+        SetSerialNumber,          ///< text
+        SetPrintColumns,          ///< number: columns
+        ProtocolItem,             ///< word: uid; on: choose it
+        ProtocolItems,            ///< on: choose all that are offered; otherwise none
+        ProtocolKind,             ///< word: see protocolTypeOf()
+        ProtocolPart,             ///< word: see protocolPartOf()
+        ProtocolTrigger,          ///< word: uid
+        ProtocolMenu,             ///< on: open
         SetPrinter,               ///< text: one of PrinterModel::faults()
         RepeatPrint,              ///<
         PressUnit,                ///<
@@ -69,6 +78,7 @@ struct Statement
         ExpectActionToggle,       ///< word: uid; number: index
         ExpectActionText,         ///< word: uid; text
         ExpectPrint,              ///< on
+        ExpectPrintOut,           ///< text: file, or none
         ExpectNotice,             ///< text, or none
         ExpectTransfer,           ///< text, or none
         ExpectHostCall,           ///< text

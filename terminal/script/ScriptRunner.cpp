@@ -4,9 +4,13 @@
 #include "app/CommandLine.h"
 #include "app/Session.h"
 #include "app/TimeDriver.h"
+#include "script/TextDifference.h"
 #include "source/SimulatedSource.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
 
 #include <cmath>
 #include <limits>
@@ -143,6 +147,7 @@ bool ScriptRunner::run(const Script& script)
     m_startMs = m_session.clock().nowMs();
     if (!knowsPlugins(script))
         return false;
+    m_scriptFolder = QFileInfo(script.name()).path();
     bool ok = true;
     bool first = true;
     for (const Statement& statement : script.statements()) {
@@ -163,6 +168,8 @@ bool ScriptRunner::run(const Script& script)
             m_failedExpectationCount += outcome.ok ? 0 : 1;
         }
         m_output.report(reportLine(statement, outcome.text));
+        for (const QString& detail : outcome.details)
+            m_output.report(QStringLiteral("            ") + detail);
         if (!outcome.ok) {
             ok = false;
             m_output.fail(
@@ -184,20 +191,22 @@ QString ScriptRunner::reportLine(const Statement& statement, const QString& resu
 
 ScriptRunner::Outcome ScriptRunner::done(const QString& text)
 {
-    return Outcome{true, text, QString()};
+    return Outcome{true, text, QString(), {}};
 }
 
 ScriptRunner::Outcome ScriptRunner::failed(const QString& failure)
 {
-    return Outcome{false, QStringLiteral("FAILED: ") + failure, failure};
+    return Outcome{false, QStringLiteral("FAILED: ") + failure, failure, {}};
 }
 
 ScriptRunner::Outcome ScriptRunner::expected(bool met, const QString& what, const QString& found)
 {
     if (met)
         return done(QStringLiteral("ok"));
-    return Outcome{false, QStringLiteral("FAILED: ") + found,
-                   QStringLiteral("expected %1, but %2").arg(what, found)};
+    return Outcome{false,
+                   QStringLiteral("FAILED: ") + found,
+                   QStringLiteral("expected %1, but %2").arg(what, found),
+                   {}};
 }
 
 ScriptRunner::Outcome ScriptRunner::carryOut(const Statement& statement)
@@ -256,6 +265,24 @@ ScriptRunner::Outcome ScriptRunner::carryOut(const Statement& statement)
         emit m_session.bench().units().parameterSetRequested(statement.word);
         TimeDriver::settle();
         return done(m_session.bench().units().parameterSet());
+    case Kind::SetOperator:
+        m_session.host().protocol().terminalItems().setOperatorName(statement.text);
+        return done(QStringLiteral("done"));
+    case Kind::SetSerialNumber:
+        m_session.host().protocol().terminalItems().setSerialNumber(statement.text);
+        return done(QStringLiteral("done"));
+    case Kind::SetPrintColumns:
+        m_session.host().protocol().setLayout(qRound(statement.number));
+        return done(QStringLiteral("print-outs have %1 columns").arg(qRound(statement.number)));
+    case Kind::ProtocolItem:
+    case Kind::ProtocolItems:
+    case Kind::ProtocolKind:
+    case Kind::ProtocolPart:
+    case Kind::ProtocolTrigger:
+        return setProtocol(statement);
+    case Kind::ProtocolMenu:
+        m_session.instrument().protocol()->setOpen(statement.on);
+        return done(statement.on ? QStringLiteral("open") : QStringLiteral("closed"));
     case Kind::Dismiss:
         m_session.instrument().clearNotice();
         return done(QStringLiteral("done"));
@@ -529,6 +556,118 @@ ScriptRunner::Outcome ScriptRunner::closePlugin()
     return done(QStringLiteral("%1 has closed").arg(plugin.name));
 }
 
+ScriptRunner::Outcome ScriptRunner::setProtocol(const Statement& statement)
+{
+    Protocol& protocol = m_session.host().protocol();
+    ProtocolChoice choice = protocol.choice();
+    switch (statement.kind) {
+    case Kind::ProtocolKind:
+        choice.type = protocolTypeOf(statement.word).value_or(choice.type);
+        break;
+    case Kind::ProtocolPart:
+        choice.part = protocolPartOf(statement.word).value_or(choice.part);
+        break;
+    case Kind::ProtocolTrigger:
+        return setProtocolTrigger(statement.word);
+    default: {
+        QStringList uids;
+        for (const ProtocolEntry& entry : protocol.entries())
+            uids.append(entry.uid);
+        if (statement.kind == Kind::ProtocolItems) {
+            choice.items = statement.on ? uids : QStringList();
+            break;
+        }
+        if (!uids.contains(statement.word))
+            return failed(
+                QStringLiteral("there is no print item \"%1\" for that kind and part; there are: %2")
+                    .arg(statement.word,
+                         uids.isEmpty() ? QStringLiteral("none") : uids.join(QStringLiteral(", "))));
+        choice.items.removeAll(statement.word);
+        if (statement.on)
+            choice.items.append(statement.word);
+        break;
+    }
+    }
+    protocol.setChoice(choice);
+    int chosen = 0;
+    const QVector<ProtocolEntry> entries = protocol.entries();
+    for (const ProtocolEntry& entry : entries)
+        chosen += entry.chosen ? 1 : 0;
+    return done(QStringLiteral("%1 %2: %3 of %4 items")
+                    .arg(keyOf(choice.type), keyOf(choice.part))
+                    .arg(chosen)
+                    .arg(entries.size()));
+}
+
+ScriptRunner::Outcome ScriptRunner::setProtocolTrigger(const QString& uid)
+{
+    Protocol& protocol = m_session.host().protocol();
+    QStringList uids;
+    QString name;
+    for (const ProtocolTriggerEntry& trigger : protocol.triggers()) {
+        uids.append(trigger.uid);
+        if (trigger.uid == uid)
+            name = trigger.name;
+    }
+    if (!uids.contains(uid))
+        return failed(QStringLiteral("there is no trigger \"%1\"; there are: %2")
+                          .arg(uid, uids.join(QStringLiteral(", "))));
+    ProtocolChoice choice = protocol.choice();
+    choice.trigger = uid;
+    protocol.setChoice(choice);
+    return done(name);
+}
+
+/// The newest print-out since the last expectation of one, compared with a kept file.
+ScriptRunner::Outcome ScriptRunner::expectPrintOut(const Statement& statement)
+{
+    m_session.waitForPrinter();
+    const PrintQueue& queue = m_session.printQueue();
+    const bool printed = queue.printedCount() > m_comparedPrints;
+    m_comparedPrints = queue.printedCount();
+    if (statement.none)
+        return expected(!printed, QStringLiteral("no print-out"), QStringLiteral("there is one"));
+    if (!printed)
+        return expected(false, QStringLiteral("a print-out"),
+                        QStringLiteral("nothing was printed since the last one that was expected"));
+
+    const QString printOut = queue.lastPrint();
+    const QString path = QDir(m_scriptFolder).filePath(statement.text);
+    if (m_session.options().approve)
+        return keepPrintOut(path, printOut);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        Outcome outcome = expected(
+            false, QStringLiteral("the print-out ") + quoted(statement.text),
+            QStringLiteral("%1 cannot be read (%2); look at the print-out, and keep it with --approve")
+                .arg(path, file.errorString()));
+        outcome.details = printOut.split(QLatin1Char('\n'));
+        return outcome;
+    }
+    const QString kept = QString::fromUtf8(file.readAll()).remove(QLatin1Char('\r'));
+    Outcome outcome = expected(kept == printOut, QStringLiteral("the print-out ") + quoted(statement.text),
+                               QStringLiteral("another was printed; if it is right, keep it with --approve"));
+    if (!outcome.ok)
+        outcome.details = sideBySide(kept, printOut);
+    return outcome;
+}
+
+ScriptRunner::Outcome ScriptRunner::keepPrintOut(const QString& path, const QString& printOut)
+{
+    QFile file(path);
+    const bool isKept = file.open(QIODevice::ReadOnly) && file.readAll() == printOut.toUtf8();
+    if (isKept)
+        return done(QStringLiteral("ok"));
+    const QFileInfo info(path);
+    QSaveFile kept(path);
+    if (!QDir().mkpath(info.path()) || !kept.open(QIODevice::WriteOnly) || kept.write(printOut.toUtf8()) < 0
+        || !kept.commit()) {
+        return expected(false, QStringLiteral("that the print-out can be kept"),
+                        QStringLiteral("%1 cannot be written: %2").arg(path, kept.errorString()));
+    }
+    return done(QStringLiteral("kept as expected from now on"));
+}
+
 ScriptRunner::Outcome ScriptRunner::takeScreenshot(const QString& file)
 {
     const QString path = m_folder.isEmpty() ? file : QDir(m_folder).filePath(file);
@@ -572,6 +711,8 @@ ScriptRunner::Outcome ScriptRunner::expect(const Statement& statement)
         return expected(instrument.printEnabled() == statement.on,
                         QStringLiteral("the print key ") + enabledDisabled(statement.on),
                         QStringLiteral("it is ") + enabledDisabled(instrument.printEnabled()));
+    case Kind::ExpectPrintOut:
+        return expectPrintOut(statement);
     case Kind::ExpectNotice: {
         const QString notice = instrument.noticeVisible() ? instrument.noticeText() : QString();
         Outcome outcome = expectPart(QStringLiteral("notice"), statement, notice);

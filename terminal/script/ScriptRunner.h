@@ -5,6 +5,7 @@
 #include "script/Script.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -50,8 +51,9 @@ private:
     struct Outcome
     {
         bool ok = true;
-        QString text;    ///< For the report.
-        QString failure; ///< For the messages, unless ok.
+        QString text;             ///< For the report.
+        QString failure;          ///< For the messages, unless ok.
+        QStringList details = {}; ///< Further lines of the report.
     };
 
     static Outcome done(const QString& text);
@@ -74,6 +76,10 @@ private:
     Outcome setBench(const Statement& statement);
     Outcome setUnits(const Statement& statement);
     Outcome setTransfer(const Statement& statement);
+    Outcome setProtocol(const Statement& statement);
+    Outcome setProtocolTrigger(const QString& uid);
+    Outcome expectPrintOut(const Statement& statement);
+    Outcome keepPrintOut(const QString& path, const QString& printOut);
 
     bool isStableAgain() const;
     void disturb();
@@ -85,13 +91,15 @@ private:
     TimeDriver& m_driver;
     const ScriptOutput m_output;
     const QString m_folder;
-    const bool m_timed; ///< The times are the same on every machine.
+    QString m_scriptFolder; ///< Where the kept print-outs are looked for.
+    const bool m_timed;     ///< The times are the same on every machine.
     qint64 m_startMs = 0;
     std::optional<qint64> m_disturbedMs; ///< When the load was last changed by the script.
     int m_statementCount = 0;
     int m_expectationCount = 0;
     int m_failedExpectationCount = 0;
     int m_screenshotCount = 0;
+    int m_comparedPrints = 0; ///< Print-outs that were there at the last expectation of one.
 };
 
 } // namespace Terminal

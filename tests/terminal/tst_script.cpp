@@ -103,6 +103,18 @@ void TestScript::statement_data()
     QTest::newRow("expect triggers 2") << int(Kind::ExpectTriggers);
     QTest::newRow("expect reason inside the band") << int(Kind::ExpectReason);
     QTest::newRow("expect parameters none") << int(Kind::ExpectParameters);
+    QTest::newRow("set operator Ada Lovelace") << int(Kind::SetOperator);
+    QTest::newRow("set operator \"\"") << int(Kind::SetOperator);
+    QTest::newRow("set serial-number BV 42") << int(Kind::SetSerialNumber);
+    QTest::newRow("set print-columns 24") << int(Kind::SetPrintColumns);
+    QTest::newRow("protocol item weighing.4net on") << int(Kind::ProtocolItem);
+    QTest::newRow("protocol item weighing.4net off") << int(Kind::ProtocolItem);
+    QTest::newRow("protocol items all") << int(Kind::ProtocolItems);
+    QTest::newRow("protocol items none") << int(Kind::ProtocolItems);
+    QTest::newRow("protocol kind series") << int(Kind::ProtocolKind);
+    QTest::newRow("protocol part sics") << int(Kind::ProtocolPart);
+    QTest::newRow("protocol trigger terminal.loadChange") << int(Kind::ProtocolTrigger);
+    QTest::newRow("protocol menu open") << int(Kind::ProtocolMenu);
     QTest::newRow("disconnect") << int(Kind::Disconnect);
     QTest::newRow("connect") << int(Kind::Connect);
     QTest::newRow("dismiss") << int(Kind::Dismiss);
@@ -121,6 +133,9 @@ void TestScript::statement_data()
     QTest::newRow("expect action a.b toggle 2") << int(Kind::ExpectActionToggle);
     QTest::newRow("expect action a.b text Clear tare") << int(Kind::ExpectActionText);
     QTest::newRow("expect print enabled") << int(Kind::ExpectPrint);
+    QTest::newRow("expect print disabled") << int(Kind::ExpectPrint);
+    QTest::newRow("expect print kept/print-out.txt") << int(Kind::ExpectPrintOut);
+    QTest::newRow("expect print none") << int(Kind::ExpectPrintOut);
     QTest::newRow("expect notice none") << int(Kind::ExpectNotice);
     QTest::newRow("expect transfer 500.0 g") << int(Kind::ExpectTransfer);
     QTest::newRow("expect host-call IWeighing::Tare()") << int(Kind::ExpectHostCall);
@@ -305,11 +320,13 @@ void TestScript::error_data()
         QTest::newRow(name) << QByteArray(line) << QString::fromUtf8(error);
     };
     row("unknown word", "lift 5 g",
-        "no statement begins so; begin with put, take, wait, press, start, close, set, repeat, disconnect, "
+        "no statement begins so; begin with put, take, wait, press, start, close, set, repeat, protocol, "
+        "disconnect, "
         "connect, "
         "dismiss, language, bench, screenshot, note, expect");
     row("case counts", "Put on 5 g",
-        "no statement begins so; begin with put, take, wait, press, start, close, set, repeat, disconnect, "
+        "no statement begins so; begin with put, take, wait, press, start, close, set, repeat, protocol, "
+        "disconnect, "
         "connect, "
         "dismiss, language, bench, screenshot, note, expect");
     row("weight missing", "put on",
@@ -346,10 +363,12 @@ void TestScript::error_data()
         "or: "
         "wait end, or: wait display 500.0 g within 60 s, or: wait print within 30 s, or: wait 2 s");
     row("limit without unit", "wait stable within 10",
-        "the time to wait is a number above 0 with ms, s or min, up to 24 hours; write for example: wait stable "
+        "the time to wait is a number above 0 with ms, s or min, up to 24 hours; write for example: wait "
+        "stable "
         "within 10 s");
     row("no time at all", "wait stable within 0 s",
-        "the time to wait is a number above 0 with ms, s or min, up to 24 hours; write for example: wait stable "
+        "the time to wait is a number above 0 with ms, s or min, up to 24 hours; write for example: wait "
+        "stable "
         "within 10 s");
     row("limit of what", "wait stable in 10 s",
         "this cannot be understood; write for example: wait stable within 10 s");
@@ -367,11 +386,23 @@ void TestScript::error_data()
         "set small-unit g, or: set "
         "approval on, or: set carat on, or: set auxiliary-digit on, or: set decimals 2, or: set "
         "reduced-digits 1, or: set transfer off, or: set transfer absolute 5 g, or: set transfer percent 10, "
-        "or: set transfer minimum 20 g, or: set parameters standard");
+        "or: set transfer minimum 20 g, or: set parameters standard, or: set operator NAME, or: set "
+        "serial-number "
+        "NUMBER, or: set print-columns 24");
     row("set of parameters", "set parameters fast",
         "the sets are standard, msw and system; write for example: set parameters standard");
     row("threshold without a unit", "set transfer absolute 5",
         "the weight is a number above 0 with mg, g or kg; write for example: set transfer absolute 5 g");
+    row("columns that no printer has", "set print-columns 30",
+        "a print-out has 24, 40 or 80 columns; write for example: set print-columns 24");
+    row("kind of protocol that there is not", "protocol kind daily",
+        "there are measurement, series, summary, calibration and workflow; write for example: protocol kind "
+        "measurement");
+    row("part that there is not", "protocol part middle",
+        "there are whole, header, body, footer and sics; write for example: protocol part whole");
+    row("print-out without a file", "expect print \"\"",
+        "the name of the file is missing; write for example: expect print enabled, or: expect print "
+        "print-out.txt");
     row("noise negative", "set noise -1",
         "the noise is a number of display increments from 0 to 5; write for example: set noise 0.5");
     row("too much noise", "set noise 5.1",

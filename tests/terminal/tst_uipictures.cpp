@@ -302,6 +302,7 @@ void tst_UiPictures::state_data()
             {{QStringLiteral("a"), QStringLiteral("Checkweighing with tolerance bands and statistics"),
               QString(), true}});
         terminal.instrument.setStatusText(QStringLiteral("Supervisor"));
+        terminal.instrument.setSicsClients(32);
         terminal.instrument.setSourceText(QStringLiteral("serial:/dev/serial/by-id/usb-converter,9600"));
         terminal.display.setMesswert(QStringLiteral("-12345678.90"));
         terminal.display.setUnit(QStringLiteral("tola"));

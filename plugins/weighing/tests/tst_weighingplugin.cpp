@@ -540,13 +540,13 @@ void TestWeighingPlugin::printItemsPrint_data()
     QTest::newRow("title") << "1title"
                            << R"(IFormat::FormatText(0, "Weighing record"))";
     QTest::newRow("place") << "2place"
-                           << R"(IFormat::FormatDescriptionText(0, "Place", "-"))";
+                           << R"(IFormat::FormatDescriptionText(0, "Place", "______________"))";
     QTest::newRow("number") << "5number"
                             << R"(IFormat::FormatNameValueUnit(0, "Weighing no.", "0", ""))";
     QTest::newRow("minimum") << "7minimum"
                              << R"(IFormat::FormatNameValueUnit(0, "Minimum weight", "0", "g"))";
     QTest::newRow("capacity") << "8capacity"
-                              << R"(IFormat::FormatDescriptionText(0, "Capacity", "60000 digits"))";
+                              << R"(IFormat::FormatDescriptionText(0, "Capacity", "60000 d"))";
     QTest::newRow("signature") << "9signature"
                                << R"(IFormat::FormatDescriptionText(0, "Signature", "______________"))";
     // A record that nobody fills comes back as it was; the two flag bytes are set by the items of registers.

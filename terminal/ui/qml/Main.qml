@@ -59,15 +59,15 @@ Rectangle {
             width: parent.width
             height: Theme.actionBarHeight
         }
+        ProtocolMenu {
+            objectName: "protocolMenu"
+            anchors.fill: parent
+        }
         NoticeBar {
             objectName: "notice"
             x: 16
             y: Theme.screenHeight - Theme.actionBarHeight - height - 12
             width: parent.width - 32
-        }
-        ProtocolMenu {
-            objectName: "protocolMenu"
-            anchors.fill: parent
         }
         ApplicationMenu {
             id: menu
