@@ -145,13 +145,11 @@ QString Formatter::FormatText(int layout, const QString& text)
 QString Formatter::FormatDescriptionText(int layout, const QString& description, const QString& text)
 {
     const Columns columns(layout);
-    // "-" is what a register prints that has no value.
     static const QRegularExpression measuredValue(
-        QStringLiteral("^(?:-|([+-]?[0-9]+(?:\\.[0-9]+)?) ([^0-9\\s]\\S*))$"));
+        QStringLiteral("^([+-]?[0-9]+(?:\\.[0-9]+)?) ([^0-9\\s]\\S*)$"));
     const QRegularExpressionMatch match = measuredValue.match(text);
     if (match.hasMatch() && textWidth(match.captured(2)) <= columns.unit) {
-        const QString number = match.capturedLength(1) > 0 ? match.captured(1) : text;
-        return nameValueUnit(layout, description, number, match.captured(2));
+        return nameValueUnit(layout, description, match.captured(1), match.captured(2));
     }
 
     QStringList lines = wrapped(description, columns.total);

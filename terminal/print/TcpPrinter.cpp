@@ -3,8 +3,11 @@
 
 #include "print/EscPos.h"
 
-#include <linux/sockios.h>
-#include <sys/ioctl.h>
+#include <fcntl.h>
+#include <linux/tcp.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace Brimvale
 {
@@ -34,6 +37,7 @@ TcpPrinter::TcpPrinter(const QString& host, quint16 port)
 TcpPrinter::~TcpPrinter()
 {
     m_socket.disconnect(this);
+    closeMonitor();
     m_socket.abort();
 }
 
@@ -57,7 +61,8 @@ void TcpPrinter::begin(const PrintJob& job, int firstBlock)
 {
     Q_UNUSED(job)
     Q_UNUSED(firstBlock)
-    m_socket.abort();
+    cancel();
+    m_broken = false;
     m_step = Step::Connect;
     m_timeout.start(m_connectMs);
     m_socket.connectToHost(m_host, m_port);
@@ -66,6 +71,9 @@ void TcpPrinter::begin(const PrintJob& job, int firstBlock)
 void TcpPrinter::onConnected()
 {
     m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    m_monitor = fcntl(static_cast<int>(m_socket.socketDescriptor()), F_DUPFD_CLOEXEC, 0);
+    m_written = 0;
+    m_acknowledgedAtStart = acknowledged();
     write(EscPos::begin(), Step::Write);
 }
 
@@ -84,13 +92,14 @@ void TcpPrinter::cancel()
     m_step = Step::Idle;
     m_timeout.stop();
     m_watch.stop();
+    closeMonitor();
     m_socket.abort();
 }
 
 void TcpPrinter::write(const QByteArray& bytes, Step step)
 {
     m_step = step;
-    if (m_socket.state() != QAbstractSocket::ConnectedState) {
+    if (m_broken || m_socket.state() != QAbstractSocket::ConnectedState) {
         fail(tr("The connection to the printer %1 is broken. Switch the printer on and check its cable, then "
                 "repeat the print-out.")
                  .arg(address()));
@@ -98,41 +107,63 @@ void TcpPrinter::write(const QByteArray& bytes, Step step)
     }
     m_timeout.start(m_writeMs);
     m_socket.write(bytes);
-    m_lastUnacknowledged = bytes.size();
+    m_written += static_cast<quint64>(bytes.size());
+    m_lastAcknowledged = acknowledged();
     m_watch.start();
 }
 
-/// Bytes that the printer has not acknowledged.
-qint64 TcpPrinter::unacknowledged() const
+/// Bytes that the printer has acknowledged since the connection was made; also known when it is broken.
+quint64 TcpPrinter::acknowledged() const
 {
-    int queued = 0;
-    if (ioctl(static_cast<int>(m_socket.socketDescriptor()), SIOCOUTQ, &queued) != 0)
-        queued = 1; // The connection is about to be found broken.
-    return m_socket.bytesToWrite() + queued;
+    tcp_info info{};
+    socklen_t size = sizeof info;
+    if (m_monitor < 0 || getsockopt(m_monitor, IPPROTO_TCP, TCP_INFO, &info, &size) != 0)
+        return m_acknowledgedAtStart;
+    return info.tcpi_bytes_acked;
+}
+
+bool TcpPrinter::isAcknowledged() const
+{
+    return acknowledged() - m_acknowledgedAtStart >= m_written;
 }
 
 void TcpPrinter::watchAcknowledgement()
 {
-    const qint64 remaining = unacknowledged();
-    if (remaining > 0) {
-        if (remaining < m_lastUnacknowledged)
-            m_timeout.start(m_writeMs); // The printer is slow but takes what it gets.
-        m_lastUnacknowledged = remaining;
+    if (isAcknowledged()) {
+        succeed();
         return;
     }
-    m_watch.stop();
+    const quint64 now = acknowledged();
+    if (now != m_lastAcknowledged)
+        m_timeout.start(m_writeMs); // The printer is slow but takes what it gets.
+    m_lastAcknowledged = now;
+}
+
+void TcpPrinter::succeed()
+{
     const bool isEnd = m_step == Step::WriteEnd;
     m_step = Step::Idle;
     m_timeout.stop();
-    if (isEnd)
+    m_watch.stop();
+    if (isEnd) {
+        closeMonitor();
         m_socket.disconnectFromHost();
+    }
     emit done();
+}
+
+void TcpPrinter::closeMonitor()
+{
+    if (m_monitor >= 0)
+        ::close(m_monitor);
+    m_monitor = -1;
 }
 
 void TcpPrinter::onError(QAbstractSocket::SocketError error)
 {
     Q_UNUSED(error)
     const QString reason = m_socket.errorString();
+    m_broken = true;
     switch (m_step) {
     case Step::Idle: // What was sent was acknowledged. A break shows at the next write.
         break;
@@ -143,6 +174,11 @@ void TcpPrinter::onError(QAbstractSocket::SocketError error)
         break;
     case Step::Write:
     case Step::WriteEnd:
+        // What has arrived counts, although the connection broke after it.
+        if (isAcknowledged()) {
+            succeed();
+            break;
+        }
         fail(tr("The connection to the printer %1 is broken: %2. Switch the printer on and check its cable, "
                 "then repeat the print-out.")
                  .arg(address(), reason));

@@ -50,7 +50,10 @@ private:
 
     void write(const QByteArray& bytes, Step step);
     void watchAcknowledgement();
-    qint64 unacknowledged() const;
+    quint64 acknowledged() const;
+    bool isAcknowledged() const;
+    void succeed();
+    void closeMonitor();
     void onConnected();
     void onError(QAbstractSocket::SocketError error);
     void onTimeout();
@@ -65,7 +68,11 @@ private:
     QTimer m_timeout;
     QTimer m_watch;
     Step m_step = Step::Idle;
-    qint64 m_lastUnacknowledged = 0;
+    int m_monitor = -1;    ///< The connection once more: it can be asked after the socket has closed it.
+    bool m_broken = false; ///< Found out while nothing was on its way.
+    quint64 m_acknowledgedAtStart = 0;
+    quint64 m_written = 0; ///< Bytes, since the connection was made.
+    quint64 m_lastAcknowledged = 0;
 };
 
 } // namespace Terminal

@@ -216,7 +216,7 @@ void TestFormatter::descriptionText_data()
     row("register, 40", 40, "Gross", "105.00 g", {utf8("Gross                      105.00 g")});
     row("negative register", 24, "Net", "-5.00 kg", {utf8("Net           -5.00 kg")});
     row("register without decimals", 24, "Net", "5 g", {utf8("Net               5 g")});
-    row("register without a value", 24, "Net", "-", {utf8("Net               -")});
+    row("register without a value", 24, "Net", "-", {utf8("Net       -")});
     row("register with a long description", 24, "Gross weight now", "105.00 g",
         {utf8("Gross weight now"), utf8("             105.00 g")});
     row("number alone is a text", 24, "Sample", "17", {utf8("Sample    17")});

@@ -424,7 +424,7 @@ void TestPrintDevices::tcpBreaksAtEveryLine()
     printer.breakAt = line;
     m_queue->setPrinter(std::make_unique<TcpPrinter>(QStringLiteral("127.0.0.1"), printer.port()));
     m_queue->setFault(PrinterFault::Slow);
-    submit(makeJob(numbered(5)));
+    submit(makeJob(numbered(6)));
     const auto print = [this] {
         while (m_queue->count() > m_queue->failedCount()) {
             if (!QTest::qWaitFor([this] { return !m_queue->awaitsDevice(); }, 20000))
@@ -443,7 +443,7 @@ void TestPrintDevices::tcpBreaksAtEveryLine()
     QCOMPARE(m_queue->count(), 0);
     QCOMPARE(printer.connections, 2);
     QTRY_VERIFY(printer.received.endsWith(EscPos::end()));
-    for (int index = 1; index <= 5; ++index)
+    for (int index = 1; index <= 6; ++index)
         QCOMPARE(printer.received.count("line " + QByteArray::number(index) + '\n'), 1);
 }
 
