@@ -3,6 +3,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTranslator>
 #include <QtTest>
@@ -84,6 +87,7 @@ private slots:
 
     void comesBackAfterARestart();
     void keepsItsSettings();
+    void fullSeries();
     void damagedFileIsTold();
     void offersItsFiguresForPrintOuts();
     void ownsTheProtocolMenu();
@@ -612,6 +616,40 @@ void TestStatisticsPlugin::keepsItsSettings()
     QCOMPARE(model()->threshold(), QStringLiteral("5 g"));
     QVERIFY(!model()->automatic());
     QCOMPARE(dynamic_cast<ActionBaseToggle*>(action("statistics.automatic"))->toggleIndex(), 0);
+}
+
+void TestStatisticsPlugin::fullSeries()
+{
+    start();
+    QVERIFY(m_host->close(*m_plugin)); // leaves an empty file
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("fill"));
+        database.setDatabaseName(StatisticsPlugin::dataFolder() + QStringLiteral("/series.sqlite"));
+        QVERIFY(database.open());
+        QSqlQuery query(database);
+        QVERIFY2(query.exec(QStringLiteral(
+                     "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000) "
+                     "INSERT INTO weighing (value, komma, unit, flags, timestamp) "
+                     "SELECT 1000 + i % 2, 1, 'g', 0, '2026-01-02T03:04:05.006Z' FROM n")),
+                 qPrintable(query.lastError().text()));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("fill"));
+
+    start();
+    QCOMPARE(infos().mid(0, 3),
+             QStringList({QStringLiteral("100000"), QStringLiteral("100.05 g"), QStringLiteral("0.05 g")}));
+    show(reading(36.4), 364.0);
+    QVERIFY(m_host->pressAction("statistics.record"));
+    QCOMPARE(model()->stateText(),
+             QStringLiteral("Not recorded: the series has 100000 weighings and is full. "
+                            "Export and clear it."));
+    QCOMPARE(infos().at(0), QStringLiteral("100000"));
+    QCOMPARE(transfers(), 0);
+    QVERIFY(m_host->pressAction("statistics.undo"));
+    QVERIFY(m_host->pressAction("statistics.record"));
+    QCOMPARE(infos().at(0), QStringLiteral("100000"));
+    QCOMPARE(infos().at(3), QStringLiteral("36.4 g"));
+    QCOMPARE(model()->points().size(), SeriesPlot::MaximumPoints);
 }
 
 void TestStatisticsPlugin::damagedFileIsTold()
