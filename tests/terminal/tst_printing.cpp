@@ -5,6 +5,7 @@
 #include "sics/SicsServer.h"
 
 #include <QFile>
+#include <QQuickItem>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -13,6 +14,23 @@
 #include <memory>
 
 using namespace Brimvale::Terminal;
+
+namespace
+{
+
+QQuickItem* findItem(QQuickItem* parent, const QString& name)
+{
+    if (parent->objectName() == name)
+        return parent;
+    const QList<QQuickItem*> children = parent->childItems();
+    for (QQuickItem* const child : children) {
+        if (QQuickItem* const found = findItem(child, name))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
 
 /// Printing on a whole terminal, played by scripts.
 class TestPrinting : public QObject
@@ -41,6 +59,7 @@ private slots:
     void nothingToRepeat();
     void survivesARestart();
     void benchShowsIt();
+    void keysOfTheBench();
     void benchSpeaksGerman();
 
 private:
@@ -349,6 +368,32 @@ void TestPrinting::benchShowsIt()
     printer.remove(printer.prints().constFirst().toMap().value(QStringLiteral("id")).toString());
     QCOMPARE(printer.prints().size(), 0);
     QCOMPARE(session().printQueue().printedCount(), 1);
+}
+
+void TestPrinting::keysOfTheBench()
+{
+    start();
+    QVERIFY(play(QStringLiteral("bench printer")));
+    const auto touch = [this](const QString& name) {
+        QString error; // Drawing lays the lists out.
+        session().grab(path("bench.png"), &error);
+        QQuickItem* const key = findItem(session().window().rootItem(), name);
+        return key && key->isEnabled() && QMetaObject::invokeMethod(key, "clicked");
+    };
+    QVERIFY(!touch(QStringLiteral("tearOff"))); // There is no paper yet.
+    QVERIFY(touch(QStringLiteral("printerFault:paper out")));
+    QCOMPARE(session().printQueue().fault(), PrinterFault::PaperOut);
+    print();
+    print();
+    QVERIFY(touch(QStringLiteral("printerFault:ok")));
+    QVERIFY(touch(QStringLiteral("deletePrint:2")));
+    QCOMPARE(session().printQueue().count(), 1);
+    QVERIFY(touch(QStringLiteral("repeatPrint:1")));
+    QCOMPARE(session().printQueue().count(), 0);
+    QCOMPARE(session().paper().count(), 3);
+    QVERIFY(touch(QStringLiteral("tearOff")));
+    QCOMPARE(session().paper().count(), 0);
+    QCOMPARE(session().window().takeQmlWarnings(), QStringList());
 }
 
 void TestPrinting::benchSpeaksGerman()
