@@ -113,10 +113,8 @@ public:
 
     // Triggers.
 
-    /// The print key asks for a transfer: the next one starts the protocol.
+    /// The print key asks for a transfer: the next one starts the protocol. The request ends with the application.
     void requestByPrintKey();
-    /// The request has gone: the application that it was made to has closed.
-    void withdrawRequest() { m_requested = false; }
     /// A measurement has been transferred.
     void onTransferred();
     /// Everything that belongs to a transfer has been told: prints what the print key asked for.

@@ -78,6 +78,7 @@ private slots:
     void overflowIsNotTransferred();
     void benchShowsTheDetector();
     void benchRefusesAThreshold();
+    void protocolMenuFollowsTheProtocol();
     void transferLogThatCannotBeWritten();
     void transferLog();
 
@@ -793,6 +794,42 @@ void TestSession::settingsFileThatCannotBeUsed()
     QVERIFY(!session.prepare(&errors));
     QCOMPARE(errors.size(), 1);
     QVERIFY2(errors.first().contains(folder.path()), qPrintable(errors.first()));
+}
+
+void TestSession::protocolMenuFollowsTheProtocol()
+{
+    m_fixture->start();
+    ProtocolModel& menu = *session().instrument().protocol();
+    const Protocol& protocol = session().host().protocol();
+    QCOMPARE(menu.count(), 0); // nothing is asked of an application while the menu is closed
+    menu.setOpen(true);
+    QStringList uids;
+    for (const ProtocolRow& row : menu.rows())
+        uids.append(row.uid);
+    QCOMPARE(uids.join(QLatin1Char(' ')),
+             QStringLiteral("terminal.date terminal.time terminal.user terminal.serial"));
+    QCOMPARE(menu.rows().first().section, QStringLiteral("Header: General"));
+    QCOMPARE(menu.kind(), QStringLiteral("Single weighing"));
+    QCOMPARE(menu.part(), QStringLiteral("Everything"));
+    QCOMPARE(menu.trigger(), QStringLiteral("Print key"));
+
+    emit menu.itemToggled(QStringLiteral("terminal.time"), true);
+    QCOMPARE(protocol.choice().items, QStringList(QStringLiteral("terminal.time")));
+    QCOMPARE(menu.chosenCount(), 1);
+    emit menu.kindStepped(1);
+    QCOMPARE(menu.kind(), QStringLiteral("Series"));
+    emit menu.partStepped(-1); // round to the last
+    QCOMPARE(menu.part(), QStringLiteral("SICS answer"));
+    QCOMPARE(menu.count(), 0);
+    emit menu.partStepped(1);
+    QCOMPARE(menu.count(), 4);
+    emit menu.triggerStepped(1);
+    QCOMPARE(protocol.choice().trigger, QStringLiteral("terminal.loadChange"));
+
+    session().setLanguage(QStringLiteral("de"));
+    QCOMPARE(menu.trigger(), QStringLiteral("Laständerung"));
+    QCOMPARE(menu.rows().first().section, QStringLiteral("Kopf: Allgemein"));
+    QCOMPARE(menu.rows().first().name, QStringLiteral("Datum"));
 }
 
 void TestSession::transferLogThatCannotBeWritten()
