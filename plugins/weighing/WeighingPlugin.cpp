@@ -17,7 +17,10 @@
 #include <ISystemRegister.h>
 #include <IWeighing.h>
 #include <InfoboxListItem.h>
+#include <LoadChange.h>
 #include <SettingsProfile.h>
+#include <UnitConverter.h>
+#include <cmath>
 
 using namespace Brimvale;
 
@@ -35,6 +38,24 @@ QString withUnit(const MesswertData& reading)
 {
     return reading.errorText.isEmpty() ? reading.messwert + QLatin1Char(' ') + reading.unit
                                        : reading.errorText;
+}
+
+/// What the display shows when the weight does not fit into it; that is no weight to print.
+const QLatin1String Overflow("OF");
+
+/// Below every weight that a scale can show.
+constexpr long NoMinimum = -1000000000;
+
+/// An automatic print needs a load of more digits than this, so that the empty scale is none.
+constexpr double MinimumLoadDigits = 20.0;
+
+/// The weight in grams, whatever unit it is shown in.
+double inGrams(const MesswertData& reading)
+{
+    double factor = 1.0;
+    int exponent = 0;
+    UnitConverter().getUnitFactor(reading.unit, &factor, &exponent);
+    return reading.value / factor * std::pow(10.0, exponent);
 }
 
 } // namespace
@@ -114,6 +135,13 @@ bool WeighingPlugin::PostInitPlugin()
         m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName, QString(), WeighingPlace);
     SetProfileItem(PrintOnlyStable, onlyStable == QLatin1String("true"), QString());
     SetProfileItem(MinimumWeight, minimum.toDouble(), QString());
+    const QString mode = m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName,
+                                                      automaticModes().first(), AutomaticMode);
+    const QString threshold = m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName,
+                                                           QStringLiteral("5"), AutomaticThreshold);
+    m_automaticModeWhenOn = automaticModes().at(1);
+    SetProfileItem(AutomaticThreshold, threshold.toDouble(), QString());
+    SetProfileItem(AutomaticMode, mode, QString());
     SetProfileItem(WeighingPlace, place, QString());
     return true;
 }
@@ -126,6 +154,17 @@ void WeighingPlugin::ApplyProfileItem(int id, QVariant value)
         break;
     case MinimumWeight:
         m_minimumWeight = qMax(0.0, value.toDouble());
+        break;
+    case AutomaticMode:
+        // What is none of the modes switches it off.
+        m_automaticMode =
+            automaticModes().value(automaticModes().indexOf(value.toString()), automaticModes().first());
+        if (m_automaticMode != automaticModes().first()) {
+            m_automaticModeWhenOn = m_automaticMode;
+        }
+        break;
+    case AutomaticThreshold:
+        m_automaticThreshold = qBound(0.0, value.toDouble(), 1.0e9);
         break;
     case WeighingPlace:
         m_weighingPlace = value.toString();
@@ -148,6 +187,7 @@ void WeighingPlugin::showSettings()
         m_minimumWeight > 0.0 ? QString::number(m_minimumWeight) + QLatin1String(" g") : QString();
     m_weighingModel->setSettings(m_printOnlyStable, minimum);
     m_printModeAction->setToggleIndex(m_printOnlyStable ? 1 : 0);
+    m_automaticAction->setToggleIndex(startDetector() ? 1 : 0);
 }
 
 // Life cycle -------------------------------------------------------------------------------------------------------
@@ -164,6 +204,9 @@ bool WeighingPlugin::PreStartPlugin()
     m_printModeAction =
         makeAction<ActionBaseToggle>(QStringLiteral("weighing.printMode"), "onPrintModeToggled(QVariant)");
     m_printModeAction->setMaxToggleIndex(1);
+    m_automaticAction =
+        makeAction<ActionBaseToggle>(QStringLiteral("weighing.automatic"), "onAutomaticToggled(QVariant)");
+    m_automaticAction->setMaxToggleIndex(1);
 
     m_grossItem = new InfoboxListItem(m_pluginObject, QString(), QString(), QString(), false, true, false);
     m_tareItem = new InfoboxListItem(m_pluginObject, QString(), QString(), QString(), false, true, false);
@@ -194,12 +237,14 @@ void WeighingPlugin::InitActionbar()
     actionbar->AddAction(m_tareAction);
     actionbar->AddAction(m_clearTareAction);
     actionbar->AddAction(m_printModeAction);
+    actionbar->AddAction(m_automaticAction);
     PluginBase::InitActionbar();
 }
 
 bool WeighingPlugin::PostStartPlugin()
 {
     m_infobox->SetItems({m_grossItem, m_tareItem, m_countItem});
+    m_detector = new LoadChange(m_weighingModel, m_system->GetWeighing(), m_system->GetSystemRegister());
     showSettings();
 
     // The interface is no QObject, but the object behind it is.
@@ -213,12 +258,14 @@ bool WeighingPlugin::PreClosePlugin()
 {
     // The base cuts the plug-in's own signals. Those that it receives it cuts itself, before the view model goes.
     disconnect(dynamic_cast<QObject*>(m_system->GetWeighing()), nullptr, this, nullptr);
+    delete m_detector;
 
     IActionbar* const actionbar = m_system->GetActionbar();
     actionbar->RemoveAction(m_zeroAction);
     actionbar->RemoveAction(m_tareAction);
     actionbar->RemoveAction(m_clearTareAction);
     actionbar->RemoveAction(m_printModeAction);
+    actionbar->RemoveAction(m_automaticAction);
     m_infobox->SetItems({});
     return true;
 }
@@ -229,6 +276,7 @@ void WeighingPlugin::onNewMeasurementValue()
 {
     m_current = readRegister(ISystemRegister::CurrentRegister);
     showReading(m_current);
+    serveLoadChange(m_current);
     if (m_printRequested) {
         servePrintRequest(m_current);
     }
@@ -269,9 +317,73 @@ void WeighingPlugin::showReading(MesswertData current)
     m_clearTareAction->setEnable(current.net);
 }
 
+QStringList WeighingPlugin::automaticModes()
+{
+    return {QStringLiteral("off"), QStringLiteral("absolute"), QStringLiteral("percent"),
+            QStringLiteral("absolute-fixed"), QStringLiteral("percent-fixed")};
+}
+
+/// Starts the detector anew as it is set. Returns whether it runs: it does not when it is switched off, or when the
+/// threshold is none for the mode or for this scale.
+bool WeighingPlugin::startDetector()
+{
+    if (m_detector == nullptr) {
+        return false;
+    }
+    m_detector->Stop();
+    const int index = automaticModes().indexOf(m_automaticMode) - 1;
+    if (index < 0) {
+        return false;
+    }
+    const auto mode = static_cast<ILoadChange::LoadChangeMode>(index);
+    const bool percent = mode == ILoadChange::Percent || mode == ILoadChange::PercentFixed;
+    const bool fixed = mode == ILoadChange::AbsoluteFixed || mode == ILoadChange::PercentFixed;
+    const double digitsPerGram = std::pow(10.0, m_system->GetDecimals());
+    const double range = percent ? m_automaticThreshold : m_automaticThreshold * digitsPerGram;
+    if (range < 1.0 || range > 1.0e9) {
+        return false;
+    }
+    const double minimum = qBound(MinimumLoadDigits, m_minimumWeight * digitsPerGram, 1.0e9);
+    if (!m_detector->Start(mode, static_cast<unsigned long>(qRound64(range)),
+                           fixed ? static_cast<long>(minimum) : NoMinimum, !fixed)) {
+        return false;
+    }
+    // A weight that is stable already is not announced again.
+    const MesswertData current = readRegister(ISystemRegister::CurrentRegister);
+    if (current.isValid && current.isStable) {
+        m_detector->onLoadChanged(
+            0, m_system->GetSystemRegister()->GetRegisterValue(ISystemRegister::CurrentRegister));
+    }
+    return true;
+}
+
+/// Prints a stable weight by itself after the detector has fired, and arms it again.
+void WeighingPlugin::serveLoadChange(const MesswertData& current)
+{
+    if (m_detector == nullptr || !m_detector->isActive() || m_detector->state() != LoadChange::Triggered
+        || !current.isValid || !current.isStable) {
+        return;
+    }
+    const double digits = m_system->GetSystemRegister()->GetRegisterValue(ISystemRegister::CurrentRegister);
+    const double minimum =
+        qBound(MinimumLoadDigits, m_minimumWeight * std::pow(10.0, m_system->GetDecimals()), 1.0e9);
+    const bool due =
+        digits > minimum && m_detector->isValueAvailable(static_cast<long>(qBound(-1.0e9, digits, 1.0e9)));
+    const bool fixed =
+        m_detector->mode() == ILoadChange::AbsoluteFixed || m_detector->mode() == ILoadChange::PercentFixed;
+    if (due || !fixed) {
+        // The band lies about this weight from now on.
+        m_detector->ResetTrigger();
+        m_detector->onLoadChanged(0, digits);
+    }
+    if (due) {
+        PluginBase::onDoPrint();
+    }
+}
+
 void WeighingPlugin::servePrintRequest(const MesswertData& current)
 {
-    if (!current.isValid) {
+    if (!current.isValid || current.messwert == Overflow) {
         m_printRequested = false;
         m_weighingModel->setPrintState(WeighingViewModel::NoWeight);
         return;
@@ -280,7 +392,7 @@ void WeighingPlugin::servePrintRequest(const MesswertData& current)
         m_weighingModel->setPrintState(WeighingViewModel::WaitingForStable);
         return; // the request stays until the weight is stable
     }
-    if (current.value < m_minimumWeight) {
+    if (inGrams(current) < m_minimumWeight) {
         m_printRequested = false;
         m_weighingModel->setPrintState(WeighingViewModel::BelowMinimum);
         return;
@@ -326,6 +438,14 @@ QVariant WeighingPlugin::onPrintModeToggled(QVariant data)
     return m_printOnlyStable;
 }
 
+QVariant WeighingPlugin::onAutomaticToggled(QVariant data)
+{
+    Q_UNUSED(data)
+    const bool off = m_automaticMode == automaticModes().first();
+    SetProfileItem(AutomaticMode, off ? m_automaticModeWhenOn : automaticModes().first(), QString());
+    return !off;
+}
+
 // Texts ------------------------------------------------------------------------------------------------------------
 
 void WeighingPlugin::TranslateWarnInfo()
@@ -344,6 +464,7 @@ void WeighingPlugin::translateTexts()
     m_tareAction->setName(tr("Tare"));
     m_clearTareAction->setName(tr("Clear tare"));
     m_printModeAction->setName(tr("Stable only"));
+    m_automaticAction->setName(tr("Automatic"));
     m_grossItem->setItemValueTitle(tr("Gross"));
     m_tareItem->setItemValueTitle(tr("Tare weight"));
     m_countItem->setItemValueTitle(tr("Printed"));

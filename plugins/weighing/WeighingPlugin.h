@@ -14,6 +14,7 @@ namespace Brimvale
 {
 class ActionBase;
 class ActionBaseToggle;
+class LoadChange;
 class InfoboxListItem;
 } // namespace Brimvale
 
@@ -29,14 +30,20 @@ public:
     /// The items of the settings profile, by their numbers.
     enum Setting
     {
-        PrintOnlyStable = 1, ///< bool: a print request waits for a stable weight
-        MinimumWeight = 2,   ///< double, in grams: a smaller weight is not printed
-        WeighingPlace = 3    ///< text: where is weighed, for the head of print-outs
+        PrintOnlyStable = 1,   ///< bool: a print request waits for a stable weight
+        MinimumWeight = 2,     ///< double, in grams: a smaller weight is not printed
+        WeighingPlace = 3,     ///< text: where is weighed, for the head of print-outs
+        AutomaticMode = 4,     ///< text, one of automaticModes(): when the weight is printed by itself
+        AutomaticThreshold = 5 ///< double: half the band, in grams or percent
     };
 
     WeighingPlugin();
 
     ~WeighingPlugin() override;
+
+    /// "off", and the modes of the load-change detector by their numbers: "absolute", "percent", "absolute-fixed",
+    /// "percent-fixed".
+    static QStringList automaticModes();
 
     QString GetPluginName(bool translated) override;
     QString GetPluginIcon() override;
@@ -73,11 +80,14 @@ private slots:
     QVariant onTare(QVariant data);
     QVariant onClearTare(QVariant data);
     QVariant onPrintModeToggled(QVariant data);
+    QVariant onAutomaticToggled(QVariant data);
 
 private:
     Brimvale::MesswertData readRegister(int registerNumber) const;
     void showSettings();
     void showReading(Brimvale::MesswertData current);
+    bool startDetector();
+    void serveLoadChange(const Brimvale::MesswertData& current);
     void servePrintRequest(const Brimvale::MesswertData& current);
     void translateTexts();
 
@@ -86,6 +96,9 @@ private:
 
     bool m_printOnlyStable = true;
     double m_minimumWeight = 0.0;
+    QString m_automaticMode;
+    QString m_automaticModeWhenOn;
+    double m_automaticThreshold = 0.0;
     QString m_weighingPlace;
     Brimvale::MesswertData m_current; ///< The last reading, which print items read.
     Brimvale::MesswertData m_previous;
@@ -99,6 +112,8 @@ private:
     QPointer<Brimvale::ActionBase> m_tareAction;
     QPointer<Brimvale::ActionBase> m_clearTareAction;
     QPointer<Brimvale::ActionBaseToggle> m_printModeAction;
+    QPointer<Brimvale::ActionBaseToggle> m_automaticAction;
+    QPointer<Brimvale::LoadChange> m_detector; ///< a child of the view model, where the terminal finds it
     QPointer<Brimvale::InfoboxListItem> m_grossItem;
     QPointer<Brimvale::InfoboxListItem> m_tareItem;
     QPointer<Brimvale::InfoboxListItem> m_countItem;

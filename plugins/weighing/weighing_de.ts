@@ -40,6 +40,10 @@
         <source>Print-outs</source>
         <translation>Ausdrucke</translation>
     </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatik</translation>
+    </message>
 </context>
 <context>
     <name>WeighingProtocol</name>

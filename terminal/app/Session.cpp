@@ -311,6 +311,8 @@ void Session::connectInstrument()
     connect(m_instrument.actions(), &ActionListModel::actionPressed, this, [this](const QString& uid) {
         // The press may close the plug-in that the button belongs to.
         m_host->pressAction(uid);
+        // It may have switched a load-change detector.
+        m_host->loadChangeMonitor().update();
     });
     connect(m_workflow.keys(), &ActionListModel::actionPressed, this,
             [this](const QString& uid) { m_host->pressWorkflowKey(uid); });

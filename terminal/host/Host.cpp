@@ -159,6 +159,8 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     // A plug-in reads its weights anew, in the other unit.
     connect(&m_units, &Units::changed, &m_weighing, &Weighing::announceValue);
     connect(&m_automaticTransfer, &AutomaticTransfer::transferDue, this, &Host::pressPrint);
+    connect(&m_plugins, &PluginManager::activePluginChanged, &m_loadChangeMonitor,
+            &LoadChangeMonitor::update);
     connect(&m_automaticTransfer, &AutomaticTransfer::settingsChanged, &m_loadChangeMonitor,
             &LoadChangeMonitor::update);
 }

@@ -44,7 +44,6 @@ void LoadChangeMonitor::find()
     m_bandHigh = 0;
     m_reference = std::numeric_limits<double>::quiet_NaN();
     m_triggerCount = 0;
-    m_lastTriggerText.clear();
     if (detector) {
         connect(detector, &LoadChange::NotifyLoadChangedTriggerd, this, &LoadChangeMonitor::onTriggered);
     }
@@ -53,11 +52,19 @@ void LoadChangeMonitor::find()
 void LoadChangeMonitor::onTriggered()
 {
     m_triggerCount = m_triggerCount == std::numeric_limits<int>::max() ? 1 : m_triggerCount + 1;
-    const double value = m_scale.netDigits();
+    m_triggerValue = m_scale.netDigits();
     // Who answers the trigger may have laid another band already.
-    m_lastTriggerText = value > m_bandHigh
-                            ? tr("%1 was above the band up to %2").arg(grams(value), grams(m_bandHigh))
-                            : tr("%1 was below the band from %2").arg(grams(value), grams(m_bandLow));
+    m_triggerBound = m_triggerValue > m_bandHigh ? m_bandHigh : m_bandLow;
+}
+
+QString LoadChangeMonitor::lastTriggerText() const
+{
+    if (m_triggerCount == 0) {
+        return QString();
+    }
+    return m_triggerValue > m_triggerBound
+               ? tr("%1 was above the band up to %2").arg(grams(m_triggerValue), grams(m_triggerBound))
+               : tr("%1 was below the band from %2").arg(grams(m_triggerValue), grams(m_triggerBound));
 }
 
 void LoadChangeMonitor::judge()

@@ -55,7 +55,7 @@ public:
     /// reason() for people, with the figures that count.
     QString reasonText() const { return m_reasonText; }
     /// How it left the band the last time; empty: it has not yet.
-    QString lastTriggerText() const { return m_lastTriggerText; }
+    QString lastTriggerText() const;
 
     /// Looks for the detector and its state anew, as after a change of settings.
     void update();
@@ -79,7 +79,8 @@ private:
     int m_triggerCount = 0;
     Reason m_reason = Reason::Off;
     QString m_reasonText;
-    QString m_lastTriggerText;
+    double m_triggerValue = 0.0; ///< What left the band the last time, and the bound that it went beyond.
+    double m_triggerBound = 0.0;
 };
 
 } // namespace Terminal

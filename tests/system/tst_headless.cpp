@@ -29,6 +29,7 @@ private slots:
     void scriptThatCannotGoOn();
     void demonstration();
     void unitsAndAutomaticTransfer();
+    void automaticPrintOfAPlugin();
     void demonstrationWithoutItsPlugin();
     void transferLog();
     void tracedHostCalls();
@@ -300,6 +301,17 @@ void TestHeadless::unitsAndAutomaticTransfer()
     QVERIFY2(terminal.outputText().contains(QLatin1String("35 expectations: all met")),
              qPrintable(terminal.outputText()));
     QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("units-*.png")}).size(), 10);
+}
+
+void TestHeadless::automaticPrintOfAPlugin()
+{
+    TerminalProcess terminal;
+    terminal.setWorkingDirectory(m_folder->path());
+    QVERIFY(terminal.run(
+        base() + QStringList{QStringLiteral("--script"), QStringLiteral(BRIMVALE_AUTOMATIC_SCRIPT)}));
+    QVERIFY2(terminal.exitCode() == 0, qPrintable(terminal.errorText()));
+    QVERIFY2(terminal.outputText().contains(QLatin1String("14 expectations: all met")),
+             qPrintable(terminal.outputText()));
 }
 
 void TestHeadless::demonstration()

@@ -10,6 +10,7 @@
 #include <ISystemRegister.h>
 #include <ITrigger.h>
 #include <InfoboxListItem.h>
+#include <LoadChange.h>
 #include <TestKit/RecordingHost.h>
 
 using namespace Brimvale;
@@ -69,6 +70,12 @@ private slots:
     void storedSettingsAreInForce_data();
     void storedSettingsAreInForce();
     void printModeKeyTogglesTheSetting();
+    void minimumIsInGramsWhateverTheUnit();
+    void printsNoOverflow();
+    void printsByItself_data();
+    void printsByItself();
+    void automaticKeyTogglesTheSetting();
+    void unusableThresholdSwitchesTheAutomaticOff();
     void showsTheWarnings();
     void takesEverythingBackAtTheClose();
     void startsAgainAfterTheClose();
@@ -178,7 +185,8 @@ void TestWeighingPlugin::offersItsActionsInOrder()
     }
     const QStringList expected = {QStringLiteral("weighing.zero Zero"), QStringLiteral("weighing.tare Tare"),
                                   QStringLiteral("weighing.clearTare Clear tare"),
-                                  QStringLiteral("weighing.printMode Stable only")};
+                                  QStringLiteral("weighing.printMode Stable only"),
+                                  QStringLiteral("weighing.automatic Automatic")};
     QCOMPARE(uids, expected);
 }
 
@@ -393,6 +401,101 @@ void TestWeighingPlugin::storedSettingsAreInForce()
              toggleIndex);
 }
 
+void TestWeighingPlugin::minimumIsInGramsWhateverTheUnit()
+{
+    start();
+    m_plugin->SetProfileItem(WeighingPlugin::MinimumWeight, 50.0, QString());
+    MesswertData kilograms = reading(0.06);
+    kilograms.unit = QStringLiteral("kg");
+    weigh(kilograms);
+    m_plugin->onDoPrint();
+    QCOMPARE(property("printState").toInt(), int(WeighingViewModel::Printed));
+    kilograms.value = 0.04;
+    weigh(kilograms);
+    m_plugin->onDoPrint();
+    QCOMPARE(property("printState").toInt(), int(WeighingViewModel::BelowMinimum));
+}
+
+void TestWeighingPlugin::printsNoOverflow()
+{
+    start();
+    MesswertData overflow = reading(1234567.89);
+    overflow.messwert = QStringLiteral("OF");
+    overflow.unit.clear();
+    weigh(overflow);
+    m_plugin->onDoPrint();
+    QCOMPARE(property("printState").toInt(), int(WeighingViewModel::NoWeight));
+    QCOMPARE(property("transferCount").toInt(), 0);
+}
+
+void TestWeighingPlugin::printsByItself_data()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<QVector<double>>("loads");
+    QTest::addColumn<int>("printed");
+    using Loads = QVector<double>;
+    QTest::newRow("off") << "off" << Loads{0, 100, 0, 200} << 0;
+    QTest::newRow("unknown") << "sometimes" << Loads{0, 100} << 0;
+    QTest::newRow("absolute") << "absolute" << Loads{0, 100, 0, 200} << 2;
+    QTest::newRow("absolute, inside the band") << "absolute" << Loads{0, 100, 105, 95} << 1;
+    QTest::newRow("percent") << "percent" << Loads{0, 100, 105, 200} << 2;
+    QTest::newRow("absolute, fixed") << "absolute-fixed" << Loads{0, 100, 0, 103, 0, 120} << 1;
+    QTest::newRow("no load") << "absolute" << Loads{0, -10, 1.5} << 0;
+}
+
+void TestWeighingPlugin::printsByItself()
+{
+    QFETCH(QString, mode);
+    QFETCH(QVector<double>, loads);
+    m_host->answer("ISystem::GetDecimals", 1);
+    m_host->answer("ISystemRegister::GetRegisterValue(90)", 60000.0);
+    start();
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticThreshold, 5.0, QString());
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticMode, mode, QString());
+    QObject* const weighing = dynamic_cast<QObject*>(m_host->system()->GetWeighing());
+    int counter = 0;
+    for (const double load : loads) {
+        // The load moves, then it is stable.
+        m_host->answer("ISystemRegister::GetRegisterValue(74)", load * 10.0);
+        weigh(reading(load, false));
+        QVERIFY(QMetaObject::invokeMethod(weighing, "NotifyLoadChanged", Q_ARG(int, ++counter),
+                                          Q_ARG(double, load * 10.0)));
+        weigh(reading(load));
+    }
+    QTEST(property("transferCount").toInt(), "printed");
+}
+
+void TestWeighingPlugin::automaticKeyTogglesTheSetting()
+{
+    m_host->answer("ISystem::GetDecimals", 1);
+    m_host->answer("ISystemRegister::GetRegisterValue(90)", 60000.0);
+    start();
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticThreshold, 10.0, QString());
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticMode, QStringLiteral("percent"), QString());
+    auto* const key = dynamic_cast<ActionBaseToggle*>(action(QStringLiteral("weighing.automatic")));
+    auto* const detector = model()->findChild<LoadChange*>();
+    QVERIFY(key && detector);
+    QCOMPARE(key->toggleIndex(), 1);
+    QVERIFY(m_host->pressAction("weighing.automatic"));
+    QCOMPARE(key->toggleIndex(), 0);
+    QVERIFY(!detector->isActive());
+    QVERIFY(m_host->pressAction("weighing.automatic"));
+    QCOMPARE(key->toggleIndex(), 1);
+    QVERIFY(detector->isActive());
+    QCOMPARE(detector->mode(), ILoadChange::Percent);
+}
+
+void TestWeighingPlugin::unusableThresholdSwitchesTheAutomaticOff()
+{
+    m_host->answer("ISystem::GetDecimals", 1);
+    m_host->answer("ISystemRegister::GetRegisterValue(90)", 60000.0);
+    start();
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticThreshold, 100.0, QString());
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticMode, QStringLiteral("percent"), QString());
+    QCOMPARE(dynamic_cast<ActionBaseToggle*>(action(QStringLiteral("weighing.automatic")))->toggleIndex(), 0);
+    QVERIFY(!model()->findChild<LoadChange*>()->isActive());
+}
+
 void TestWeighingPlugin::printModeKeyTogglesTheSetting()
 {
     start();
@@ -438,7 +541,7 @@ void TestWeighingPlugin::startsAgainAfterTheClose()
         start();
         weigh(reading(10.0 * round));
         QCOMPARE(display()->property("messwert").toString(), QString::number(10.0 * round, 'f', 1));
-        QCOMPARE(m_host->actions().size(), 4);
+        QCOMPARE(m_host->actions().size(), 5);
         QVERIFY(m_host->close(*m_plugin));
     }
 }
