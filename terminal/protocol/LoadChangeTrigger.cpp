@@ -19,28 +19,36 @@ const ProtocolAreas EveryArea =
 
 } // namespace
 
-double LoadChangeTrigger::Registers::GetRegisterValue(int registerNumber)
+GrossLoad::GrossLoad(Weighing& weighing, const Scale& scale)
+    : m_scale(scale)
+{
+    connect(&weighing, &Weighing::NotifyNewMeasurementValue, this, &GrossLoad::NotifyNewMeasurementValue);
+    connect(&weighing, &Weighing::NotifyLoadChanged, this,
+            [this](int stableCounter) { emit NotifyLoadChanged(stableCounter, m_scale.grossDigits()); });
+}
+
+double GrossLoad::GetRegisterValue(int registerNumber)
 {
     if (registerNumber == UpperLimitRegister) {
         // Where the capacity is not known every weight may come.
         return m_scale.upperLimitDigits() > 0.0 ? m_scale.upperLimitDigits() : Scale::MaximumDigits;
     }
     if (m_scale.isValid()) {
-        m_net = m_scale.netDigits();
+        m_digits = m_scale.grossDigits();
     }
-    return m_net;
+    return m_digits;
 }
 
 LoadChangeTrigger::LoadChangeTrigger(Weighing& weighing, const Scale& scale, QObject* parent)
     : TriggerBase(parent)
     , m_scale(scale)
-    , m_registers(scale)
-    , m_detector(nullptr, &weighing, &m_registers)
+    , m_load(weighing, scale)
+    , m_detector(nullptr, &m_load, &m_load)
 {
     setUid(QStringLiteral("terminal.loadChange"));
     setProtocolArea(EveryArea);
     // After the detector, which takes part in the same signal.
-    connect(&weighing, &Weighing::NotifyLoadChanged, this, &LoadChangeTrigger::onStable);
+    connect(&m_load, &GrossLoad::NotifyLoadChanged, this, &LoadChangeTrigger::onStable);
     connect(&scale, &Scale::decimalsChanged, this, [this] {
         if (isRunning()) {
             start();
@@ -66,7 +74,7 @@ void LoadChangeTrigger::setRunning(bool running)
 
 bool LoadChangeTrigger::isValueAvailable()
 {
-    return m_scale.isStable() && m_scale.netDigits() > static_cast<double>(changeDigits());
+    return m_scale.isStable() && m_scale.grossDigits() > static_cast<double>(changeDigits());
 }
 
 void LoadChangeTrigger::start()
@@ -75,7 +83,7 @@ void LoadChangeTrigger::start()
     // The load at the start is the first reference, an empty scale included.
     m_detector.Start(ILoadChange::Absolute, static_cast<unsigned long>(change), change, true);
     if (m_scale.isStable()) {
-        m_detector.onLoadChanged(0, m_scale.netDigits());
+        m_detector.onLoadChanged(0, m_scale.grossDigits());
     }
 }
 
@@ -85,13 +93,13 @@ long LoadChangeTrigger::changeDigits() const
     return std::lround(m_scale.readability().incrementDigits()) * ChangeIncrements;
 }
 
-void LoadChangeTrigger::onStable(int stableCounter, double netDigits)
+void LoadChangeTrigger::onStable(int stableCounter, double digits)
 {
-    if (!isRunning() || !m_detector.isValueAvailable(std::lround(netDigits))) {
+    if (!isRunning() || !m_detector.isValueAvailable(std::lround(digits))) {
         return;
     }
     m_detector.ResetTrigger();
-    m_detector.onLoadChanged(stableCounter, netDigits); // the next reference
+    m_detector.onLoadChanged(stableCounter, digits); // the next reference
     doTrigger();
 }
 

@@ -147,6 +147,7 @@ private slots:
 
     void aChangeOfLoadPrints();
     void aFaultOfTheScaleIsNoChangeOfLoad();
+    void taringIsNoChangeOfLoad();
     void theLoadOnTheScaleAtTheStartIsNoChange();
 
     void theChoiceIsKeptPerApplicationAndSurvives();
@@ -721,6 +722,28 @@ void tst_Protocol::aFaultOfTheScaleIsNoChangeOfLoad()
     m_fixture->fail(Reading::Status::Disconnected);
     m_fixture->settle(100.0);
     QCOMPARE(m_jobs.size(), 1);
+}
+
+void tst_Protocol::taringIsNoChangeOfLoad()
+{
+    m_fixture->settle(0.0);
+    add("a");
+    choose(uids("a"), ProtocolPart::Whole, QStringLiteral("terminal.loadChange"));
+    m_fixture->settle(100.0);
+    QCOMPARE(m_jobs.size(), 1);
+    // Neither setting nor clearing the tare is one, although the net weight jumps and comes to rest anew.
+    QVERIFY(m_fixture->scale.tare());
+    m_fixture->feed(100.5);
+    m_fixture->settle(100.0);
+    QCOMPARE(m_jobs.size(), 1);
+    QVERIFY(m_fixture->scale.clearTare());
+    m_fixture->feed(100.5);
+    m_fixture->settle(100.0);
+    QCOMPARE(m_jobs.size(), 1);
+    // Filling the tared container is.
+    QVERIFY(m_fixture->scale.tare());
+    m_fixture->settle(150.0);
+    QCOMPARE(m_jobs.size(), 2);
 }
 
 void tst_Protocol::theLoadOnTheScaleAtTheStartIsNoChange()
