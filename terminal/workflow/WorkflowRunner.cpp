@@ -682,7 +682,7 @@ void WorkflowRunner::updateView()
 QString WorkflowRunner::waitingText() const
 {
     if (m_state == State::Running) {
-        return m_fault.isEmpty() ? tr("%1 is at work").arg(m_functionName) : QString();
+        return m_fault.isEmpty() ? tr("%1 in progress").arg(m_functionName) : QString();
     }
     switch (m_trigger) {
     case TriggerType::LoadChange:

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include "Progressbar.h"
 #include "TerminalFixture.h"
 
 #include <QCloseEvent>
@@ -96,6 +97,9 @@ private slots:
     void benchWithARealSource();
     void faultsCanBeRead();
 
+    void workflowBand_data();
+    void workflowBand();
+    void workflowMarksFollowTheirModel();
     void languageIsSwitchedAtRunTime();
 
 private:
@@ -1047,6 +1051,75 @@ void tst_TerminalWindow::faultsCanBeRead()
     m_terminal->startApplication();
     QVERIFY(!m_terminal->shown(QStringLiteral("pluginFaults")));
     QVERIFY(m_terminal->shown(QStringLiteral("faultsKey")));
+}
+
+void tst_TerminalWindow::workflowBand_data()
+{
+    QTest::addColumn<QStringList>("lines");
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("state");
+    const QString instruction = QStringLiteral("Add 125.0 g of flour");
+    const QString limits = QStringLiteral("122.5 g to 127.5 g");
+    QTest::newRow("one line") << QStringList{instruction} << QString() << QStringLiteral("Waiting");
+    QTest::newRow("empty second line")
+        << QStringList{instruction, QString()} << QString() << QStringLiteral("Waiting");
+    QTest::newRow("second line") << QStringList{instruction, limits} << QString() << limits;
+    QTest::newRow("fault") << QStringList{instruction, limits} << QStringLiteral("It failed")
+                           << QStringLiteral("It failed");
+    QTest::newRow("long lines") << QStringList{QString(200, QLatin1Char('w')), QString(200, QLatin1Char('m'))}
+                                << QString() << QString(200, QLatin1Char('m'));
+}
+
+/// Beside the instruction stands what is waited for, unless there is something better to say; they never overlap.
+void tst_TerminalWindow::workflowBand()
+{
+    QFETCH(QStringList, lines);
+    QFETCH(QString, fault);
+    m_terminal->startApplication();
+    WorkflowView view;
+    view.running = true;
+    view.screenType = WorkflowView::Band;
+    view.lines = lines;
+    view.waiting = QStringLiteral("Waiting");
+    view.fault = fault;
+    m_terminal->workflow.setView(view);
+    QTEST(m_terminal->textOf(QStringLiteral("workflowState")), "state");
+    QCOMPARE(m_terminal->textOf(QStringLiteral("workflowLine1")), lines.first());
+    const QQuickItem* const line = m_terminal->shown(QStringLiteral("workflowLine1"));
+    const QQuickItem* const state = m_terminal->shown(QStringLiteral("workflowState"));
+    const QRectF lineArea = line->mapRectToScene(line->boundingRect());
+    const QRectF stateArea = state->mapRectToScene(state->boundingRect());
+    QVERIFY(lineArea.width() > 100.0);
+    QVERIFY(stateArea.width() > 40.0);
+    QVERIFY2(lineArea.right() <= stateArea.left(),
+             qPrintable(QStringLiteral("%1 > %2").arg(lineArea.right()).arg(stateArea.left())));
+}
+
+void tst_TerminalWindow::workflowMarksFollowTheirModel()
+{
+    m_terminal->startApplication();
+    QList<QObject*> marks;
+    Progressbar progress(nullptr, marks, 0, true);
+    WorkflowView view;
+    view.running = true;
+    view.lines = QStringList{QStringLiteral("Add flour")};
+    m_terminal->workflow.setView(view);
+    m_terminal->workflow.setProgress(&progress);
+    const QQuickItem* const row = m_terminal->shown(QStringLiteral("workflowProgress"));
+    QVERIFY(row);
+    const auto count = [row] {
+        int shown = 0;
+        for (const QQuickItem* item : row->childItems())
+            shown += item->objectName() == QLatin1String("mark") ? 1 : 0;
+        return shown;
+    };
+    for (const int steps : {5, 2, 0, 3}) {
+        progress.setSteps(steps);
+        progress.setStepDone(0, true);
+        QCOMPARE(count(), steps);
+    }
+    QCOMPARE(m_terminal->window.takeQmlWarnings(), QStringList());
+    m_terminal->workflow.setProgress(nullptr);
 }
 
 void tst_TerminalWindow::languageIsSwitchedAtRunTime()

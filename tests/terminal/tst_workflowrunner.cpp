@@ -401,7 +401,7 @@ void tst_WorkflowRunner::processEndsLater()
     addFunction(QStringLiteral("fill"), true);
     QVERIFY(start({step(1, QStringLiteral("fill"), TriggerType::None, TriggerType::Button)}));
     QCOMPARE(m_log, (QStringList{QStringLiteral("step 1"), QStringLiteral("fill(p1, )")}));
-    QCOMPARE(view().waiting, QStringLiteral("Function fill is at work"));
+    QCOMPARE(view().waiting, QStringLiteral("Function fill in progress"));
     m_functions.value(QStringLiteral("fill"))->functionDone(12.5);
     QCOMPARE(m_log.last(), QStringLiteral("show 12.5"));
     QCOMPARE(view().lines.first(), QStringLiteral("after 1"));

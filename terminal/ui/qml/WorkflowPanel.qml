@@ -8,6 +8,9 @@ Rectangle {
 
     readonly property bool band: workflow.band
     readonly property bool faulty: workflow.fault.length > 0
+    // What is waited for; in the band the second line of the screen stands in its place, if there is one.
+    readonly property string stateText: faulty ? workflow.fault
+                                      : band && line(1).length > 0 ? line(1) : workflow.waiting
     readonly property bool resultsShown: !band && (result1.shown || result2.shown)
     function line(number) {
         return workflow.lines.length > number ? workflow.lines[number] : ""
@@ -54,6 +57,7 @@ Rectangle {
         x: Theme.margin + (picture.visible ? picture.width + Theme.margin : 0) + (workflow.auxiliaryOn ? 18 : 0)
         y: 32
         width: parent.width - x - Theme.margin - (panel.resultsShown ? results.width + Theme.margin : 0)
+               - (panel.band && panel.stateText.length > 0 ? stateRow.width + Theme.margin : 0)
         spacing: panel.band ? 0 : 4
 
         Text {
@@ -106,6 +110,7 @@ Rectangle {
 
     // What is waited for, or what went wrong.
     Row {
+        id: stateRow
         anchors.right: panel.band ? parent.right : undefined
         anchors.rightMargin: Theme.margin
         x: panel.band ? 0 : words.x
@@ -120,7 +125,7 @@ Rectangle {
             color: Theme.error
         }
         Rectangle {
-            visible: !panel.faulty && workflow.waiting.length > 0
+            visible: !panel.faulty && panel.stateText.length > 0
             anchors.verticalCenter: parent.verticalCenter
             width: 10
             height: 10
@@ -129,11 +134,11 @@ Rectangle {
         }
         Text {
             objectName: "workflowState"
-            width: panel.band ? implicitWidth : Math.min(implicitWidth, words.width - 28)
-            text: panel.faulty ? workflow.fault : workflow.waiting
+            width: Math.min(implicitWidth, panel.band ? panel.width / 2 : words.width - 28)
+            text: panel.stateText
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
-            maximumLineCount: 2
+            maximumLineCount: panel.band ? 1 : 2
             elide: Text.ElideRight
             font.pixelSize: Theme.bodySize
             color: panel.faulty ? Theme.error : Theme.inkSoft

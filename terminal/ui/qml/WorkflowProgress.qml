@@ -8,7 +8,8 @@ Row {
 
     // An object with the properties of Progressbar; null for none.
     property QtObject progress: null
-    readonly property int count: progress && progress.isVisible ? progress.steps : 0
+    // Not its count of steps, which changes before the marks are there.
+    readonly property int count: progress && progress.isVisible ? progress.model.length : 0
 
     spacing: 4
 

@@ -1585,7 +1585,7 @@
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>%1 is at work</source>
+        <source>%1 in progress</source>
         <translation>%1 läuft</translation>
     </message>
     <message>

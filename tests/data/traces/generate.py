@@ -6,6 +6,8 @@ They are made up, with whole-number arithmetic and a fixed seed, so that every r
 
 filling.csv  80 s of a 0.1 g scale at irregular 4 to 6 readings a second: drift below zero, the vessel
              touched, an ingredient of 5 g, a steady flow, and at rest on 48.2 g.
+formulation.csv  96 s of a 0.1 g scale at the same rate: a vessel of 84.6 g, then three components poured in one
+             after the other, 60.2 g, 12.7 g of which 0.6 g are taken out again, and 28.1 g, each with a rest.
 fast.csv     12 s of a 0.01 g scale at exactly 100 readings a second: a load of 150 g put on at 2 s and
              taken off at 8 s, with settling and noise.
 coarse.csv   10 s of a scale that writes whole grams only, lines ended by CR LF, a blank line at the end.
@@ -59,6 +61,23 @@ def filling():
     return "time_s,weight_g\n" + "\n".join(lines) + "\n"
 
 
+def formulation():
+    # From a time on: the weight to which is poured until the time after.
+    course = ((0, 0), (4000, 0), (4200, 846), (10000, 846), (28000, 846 + 540), (36000, 846 + 602),
+              (44000, 1448), (50000, 1448 + 127), (56000, 1575), (56800, 1575 - 6), (64000, 1569),
+              (80000, 1569 + 281), (96000, 1850))
+    random = Random(3)
+    time, lines = 60, []
+    while time <= 96000:
+        (begin, low), (end, high) = next(pair for pair in zip(course, course[1:]) if pair[1][0] >= time)
+        tenths = low + (high - low) * (time - begin) // (end - begin)
+        if low != high:
+            tenths += (-1, 0, 0, 0, 1)[random.below(5)]
+        lines.append(f"{seconds(time)},{decimal(tenths, 1)}")
+        time += 170 + random.below(80)
+    return "time_s,weight_g\n" + "\n".join(lines) + "\n"
+
+
 def fast():
     random = Random(2)
     lines = []
@@ -89,7 +108,8 @@ def main():
     if sys.argv[1:] and not check:
         sys.exit(f"usage: {sys.argv[0]} [--check]")
     differing = 0
-    for name, text in (("filling.csv", filling()), ("fast.csv", fast()), ("coarse.csv", coarse())):
+    for name, text in (("filling.csv", filling()), ("formulation.csv", formulation()),
+                       ("fast.csv", fast()), ("coarse.csv", coarse())):
         path = Path(__file__).parent / name
         if not check:
             path.write_bytes(text.encode("ascii"))
