@@ -63,9 +63,11 @@ public:
     quint32 range() const { return m_range; }
     /// Stable values up to this one set no band, unless `isMinimumIgnored()`.
     qint32 minimum() const { return m_minimum; }
+    /// Whether the minimum is ignored, as `Start()` was asked and until the first trigger.
     bool isMinimumIgnored() const { return m_ignoreMinimum; }
-    /// The bounds of the band; values on them lie inside. 0 before the first band.
+    /// The lower bound of the band; a value on it lies inside. 0 before the first band.
     qint32 bandLow() const { return m_bandLow; }
+    /// The upper bound of the band; a value on it lies inside. 0 before the first band.
     qint32 bandHigh() const { return m_bandHigh; }
 
 signals:

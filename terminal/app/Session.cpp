@@ -22,6 +22,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <tuple>
 
 namespace Brimvale
 {
@@ -41,6 +43,7 @@ namespace
     QT_TRANSLATE_NOOP("Brimvale::PrintItemCurrentMeasurement", "Measurement"),
 };
 
+const QString ApplicationKey = QStringLiteral("terminal/application");
 const QString LanguageKey = QStringLiteral("terminal/language");
 const QString SerialNumberKey = QStringLiteral("terminal/serialNumber");
 // What was chosen of units, approval and automatic transfer.
@@ -667,6 +670,7 @@ void Session::loadPlugins()
 {
     for (const QString& file : m_options.plugins)
         reportLoad(m_host->plugins().load(file));
+    m_namedPlugins = m_host->plugins().count();
     for (const QString& directory : m_options.pluginDirectories) {
         const QVector<LoadResult> results = m_host->plugins().loadFolder(directory);
         for (const LoadResult& result : results)
@@ -691,12 +695,29 @@ bool Session::start()
                     .arg(m_options.startId, ids.isEmpty() ? tr("none") : ids.join(QStringLiteral(", "))));
         }
     } else if (!m_options.withoutPlugin) {
-        started = false;
-        for (int index = 0; index < plugins.count() && !started; ++index)
-            started = startPlugin(index);
+        const QVector<int> order = startOrder();
+        started = std::any_of(order.begin(), order.end(), [this](int index) { return startPlugin(index); });
     }
     m_source->start();
     return started;
+}
+
+/// The plug-ins in the order in which the first that starts is looked for: the one that was chosen last, then those
+/// named on the command line as they stand there, those of folders by their number.
+QVector<int> Session::startOrder() const
+{
+    const QVector<PluginInfo> infos = m_host->plugins().plugins();
+    const QString chosen = m_settings ? m_settings->value(ApplicationKey).toString() : QString();
+    QVector<int> order(infos.size());
+    std::iota(order.begin(), order.end(), 0);
+    const auto place = [&](int index) {
+        const PluginInfo& info = infos.at(index);
+        const bool named = index < m_namedPlugins;
+        return std::make_tuple(info.identifier != chosen, !named, named ? 0 : info.number);
+    };
+    std::stable_sort(order.begin(), order.end(),
+                     [&place](int left, int right) { return place(left) < place(right); });
+    return order;
 }
 
 bool Session::startPlugin(int index)
@@ -924,8 +945,8 @@ void Session::updatePlugins()
 
 void Session::selectPlugin(int index)
 {
-    if (index >= 0 && index < m_pluginIds.size())
-        m_host->plugins().activate(m_pluginIds.at(index));
+    if (index >= 0 && index < m_pluginIds.size() && m_host->plugins().activate(m_pluginIds.at(index)))
+        store(ApplicationKey, m_pluginIds.at(index));
 }
 
 /// A run without a window has the same time everywhere.

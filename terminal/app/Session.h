@@ -156,6 +156,7 @@ private:
     void reportPrintFault(const QString& fault);
     void onNotice(NoticeSeverity severity, const QString& text);
     void onTransferred(const TransferRecord& record);
+    QVector<int> startOrder() const;
     bool startPlugin(int index);
     void logStatus();
     void updateStatusText();
@@ -194,6 +195,7 @@ private:
     std::unique_ptr<SicsScale> m_sicsScale;
     std::unique_ptr<SicsServer> m_sicsServer;
 
+    int m_namedPlugins = 0;  ///< How many of the plug-ins the command line named; they come first.
     QStringList m_pluginIds; ///< Of the entries that the screen offers.
     QStringList m_pluginFaults;
     QStringList m_errors;

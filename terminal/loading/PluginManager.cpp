@@ -146,6 +146,7 @@ void PluginManager::initialise(Plugin& plugin, LoadResult& result)
         plugin.identifier = id.identifier;
     }
     plugin.kind = id.kind;
+    plugin.number = id.addonNumber;
     installTranslation(plugin);
     readTexts(plugin);
 }
@@ -173,7 +174,7 @@ QVector<PluginInfo> PluginManager::plugins() const
     QVector<PluginInfo> infos;
     for (const auto& plugin : m_plugins) {
         infos.append(PluginInfo{plugin->file, plugin->identifier, plugin->kind, plugin->name, plugin->icon,
-                                plugin->state, plugin->fault});
+                                plugin->state, plugin->fault, plugin->number});
     }
     return infos;
 }

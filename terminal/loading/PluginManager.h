@@ -68,7 +68,8 @@ struct PluginInfo
     QString name;       ///< Display name, translated.
     QString icon;       ///< Path of its icon; empty for none.
     PluginState state = PluginState::Initialised;
-    QString fault; ///< Why it failed; empty unless it did.
+    QString fault;  ///< Why it failed; empty unless it did.
+    int number = 0; ///< `PluginId::addonNumber`.
 };
 
 /// What a plug-in did wrong in a step of its life.
@@ -196,6 +197,7 @@ private:
         QString icon;
         PluginState state = PluginState::Initialised;
         QString fault;
+        int number = 0;
         std::unique_ptr<QTranslator> translator;
     };
 

@@ -25,6 +25,7 @@ private slots:
     void cleanup();
 
     void ownKeysWithoutAPlugin();
+    void applicationChosenLastIsStarted();
     void ownDisplayWithoutAPlugin();
     void ownPrint();
     void scalePlate();
@@ -122,6 +123,35 @@ void TestSession::ownKeysWithoutAPlugin()
     QCOMPARE(session().display().line(), QStringLiteral("20.0 g  stable"));
     QVERIFY(session().actions().press(QStringLiteral("zero")));
     QCOMPARE(session().display().line(), QStringLiteral("0.0 g  stable"));
+}
+
+void TestSession::applicationChosenLastIsStarted()
+{
+    QTemporaryDir directory;
+    const QString settings = directory.filePath(QStringLiteral("terminal.ini"));
+    const auto begin = [&] {
+        m_fixture = std::make_unique<SessionFixture>();
+        m_fixture->options.settings = settings;
+        m_fixture->usePlugin("fixture");
+        m_fixture->usePlugin("fixture_second");
+        m_fixture->start();
+        const PluginManager& plugins = session().host().plugins();
+        return plugins.plugins().at(plugins.activeIndex()).identifier;
+    };
+    const QString first = begin();
+    emit instrument().pluginSelected(1);
+    session().host().plugins().waitUntilSettled();
+    const PluginManager& running = session().host().plugins();
+    const QString second = running.plugins().at(running.activeIndex()).identifier;
+    QCOMPARE(second, QStringLiteral("fixture_second"));
+    session().shutDown();
+
+    QCOMPARE(begin(), second);
+    session().shutDown();
+    m_fixture->session.reset();
+    QSettings(settings, QSettings::IniFormat)
+        .setValue(QStringLiteral("terminal/application"), QStringLiteral("gone"));
+    QCOMPARE(begin(), first);
 }
 
 void TestSession::ownDisplayWithoutAPlugin()
