@@ -165,6 +165,9 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
     , m_screen(m_instrument, m_window)
     , m_host(std::make_unique<Host>(m_scale, clock, m_screen, hostSettings(options)))
 {
+    m_settingsModel =
+        std::make_unique<SettingsModel>(m_host->menuStore(), m_host->pluginProfiles(), m_host->notices());
+    m_instrument.setSettings(m_settingsModel.get());
     const QString file = settingsFile(options);
     if (!file.isEmpty())
         m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
@@ -196,6 +199,7 @@ Session::~Session()
     // What the host tells while it goes finds nobody to listen.
     disconnect(m_host.get(), nullptr, this, nullptr);
     disconnect(&m_instrument, nullptr, this, nullptr);
+    m_instrument.setSettings(nullptr);
     m_host->calls().setTrace({});
 }
 
@@ -233,6 +237,7 @@ void Session::connectHost()
     connect(host, &Host::calibrationDueChanged, &m_bench, &BenchModel::setCalibrationDue);
     connect(host, &Host::pluginsChanged, this, &Session::updatePlugins);
     connect(host, &Host::activePluginChanged, this, &Session::updatePlugins);
+    connect(host, &Host::activePluginChanged, this, &Session::updateSettings);
     connect(&m_instrument, &InstrumentModel::screenLoaded, &host->view(), &ViewHost::onScreenLoaded);
     m_instrument.setPrintEnabled(host->isPrintEnabled());
     m_instrument.setLevelOk(host->isLevelled());
@@ -943,6 +948,17 @@ void Session::updatePlugins()
     m_instrument.setPlugins(entries);
 }
 
+void Session::updateSettings()
+{
+    const PluginManager& plugins = m_host->plugins();
+    SettingsSubject subject;
+    if (plugins.isRunning()) {
+        const PluginInfo info = plugins.plugins().at(plugins.activeIndex());
+        subject = {plugins.activePlugin(), plugins.activeObject(), info.identifier, info.name};
+    }
+    m_settingsModel->setSubject(subject);
+}
+
 void Session::selectPlugin(int index)
 {
     if (index >= 0 && index < m_pluginIds.size() && m_host->plugins().activate(m_pluginIds.at(index)))
@@ -973,6 +989,8 @@ void Session::setLanguage(const QString& language)
     m_host->setLanguage(m_instrument.language());
     m_printer.retranslate();
     m_window.retranslate();
+    updateSettings(); // the name of the plug-in is another one
+    m_settingsModel->setLanguage(m_instrument.language());
     m_display.setNetText(tr("NET"));
     m_display.setPtText(tr("PT"));
     updateHostActions();

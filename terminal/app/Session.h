@@ -9,6 +9,7 @@
 #include "clock/Clock.h"
 #include "host/Host.h"
 #include "measuring/Scale.h"
+#include "menu/SettingsModel.h"
 #include "print/Formatter.h"
 #include "print/PaperRoll.h"
 #include "print/PrintQueue.h"
@@ -79,6 +80,7 @@ public:
     SimulatedSource* simulation() { return m_simulation; }
     Host& host() { return *m_host; }
     InstrumentModel& instrument() { return m_instrument; }
+    SettingsModel& settings() { return *m_settingsModel; }
     BenchModel& bench() { return m_bench; }
     TerminalWindow& window() { return m_window; }
     PrintQueue& printQueue() { return m_printQueue; }
@@ -168,6 +170,7 @@ private:
     void updateBenchUnits();
     void updateBenchTransfer();
     void updatePlugins();
+    void updateSettings();
     void updateTime();
     QDateTime localTime() const;
     void pressHostAction(const QString& uid);
@@ -191,6 +194,7 @@ private:
     TerminalWindow m_window;
     WindowScreen m_screen;
     std::unique_ptr<Host> m_host;
+    std::unique_ptr<SettingsModel> m_settingsModel;
     Formatter m_formatter;
     std::unique_ptr<SicsScale> m_sicsScale;
     std::unique_ptr<SicsServer> m_sicsServer;

@@ -81,6 +81,8 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     , m_protocolMenuFactory(m_calls)
     , m_lifecycleObserver(m_calls)
     , m_view(m_calls, m_notices, screen)
+    , m_menuStore(m_notices)
+    , m_pluginProfiles(m_menuStore, m_storedParameters, m_statusInfo, m_notices)
     , m_system(m_calls, m_notices,
                SystemServices{m_addonHost,
                               m_actionBar,
@@ -105,7 +107,8 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
                               m_protocolPool,
                               m_storedParameters,
                               scale,
-                              m_units})
+                              m_units,
+                              m_menuStore})
     , m_protocol({m_notices, m_protocolPool, m_storedParameters, m_system, m_weighing, scale, clock},
                  settings.owner, settings.localTime)
     , m_menuList(m_storedParameters, m_statusInfo)
@@ -149,8 +152,11 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     connect(&scale, &Scale::newMeasurement, &workflow, &WorkflowRunner::onMeasurement);
     connect(&scale, &Scale::loadChanged, &workflow, &WorkflowRunner::onStableValue);
     connect(&m_view, &ViewHost::publishedObjectsChanged, this, &Host::updateModels);
+    connect(&m_plugins, &PluginManager::entered, this,
+            [this](const QString& folder) { m_menuStore.setFolder(folder); });
+    connect(&m_plugins, &PluginManager::initialised, this, &Host::onInitialised);
     connect(&m_plugins, &PluginManager::aboutToStart, this, &Host::onAboutToStart);
-    connect(&m_plugins, &PluginManager::pluginStarted, this, &Host::updateModels);
+    connect(&m_plugins, &PluginManager::pluginStarted, this, &Host::onStarted);
     connect(&m_plugins, &PluginManager::released, this, &Host::onReleased);
     connect(&m_plugins, &PluginManager::faultOccurred, this, &Host::onFault);
     connect(&m_plugins, &PluginManager::activePluginChanged, this, &Host::updateProtocol);
@@ -295,6 +301,19 @@ void Host::onAboutToStart()
         connect(plugin, SIGNAL(notifyPrintButtonEnableChange(bool)), &m_workflowManager,
                 SLOT(onPrintButtonEnableChange(bool)), Qt::UniqueConnection);
     }
+}
+
+void Host::onInitialised(int index)
+{
+    const QString identifier = m_plugins.plugins().at(index).identifier;
+    m_pluginProfiles.load(*m_plugins.plugin(index), identifier, m_plugins);
+}
+
+void Host::onStarted()
+{
+    const QString identifier = m_plugins.plugins().at(m_plugins.activeIndex()).identifier;
+    m_pluginProfiles.apply(*m_plugins.activePlugin(), identifier);
+    updateModels();
 }
 
 void Host::onReleased()

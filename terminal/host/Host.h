@@ -36,6 +36,8 @@
 #include "host/WeighingParameterService.h"
 #include "host/WorkflowManager.h"
 #include "loading/PluginManager.h"
+#include "menu/MenuStore.h"
+#include "menu/PluginProfiles.h"
 #include "protocol/Protocol.h"
 
 #include <QObject>
@@ -93,6 +95,8 @@ public:
     HostCallLog& calls() { return m_calls; }
     Notices& notices() { return m_notices; }
     StoredParameters& storedParameters() { return m_storedParameters; }
+    MenuStore& menuStore() { return m_menuStore; }
+    PluginProfiles& pluginProfiles() { return m_pluginProfiles; }
     System& system() { return m_system; }
     ViewHost& view() { return m_view; }
     ActionBar& actionBar() { return m_actionBar; }
@@ -193,7 +197,9 @@ signals:
     void transferred(const Brimvale::Terminal::TransferRecord& record);
 
 private:
+    void onInitialised(int index);
     void onAboutToStart();
+    void onStarted();
     void onReleased();
     void onFault(const PluginFault& fault);
     void updateModels();
@@ -235,6 +241,8 @@ private:
     ProtocolMenuFactory m_protocolMenuFactory;
     LifecycleObserver m_lifecycleObserver;
     ViewHost m_view;
+    MenuStore m_menuStore;
+    PluginProfiles m_pluginProfiles;
     System m_system;
     Protocol m_protocol;
     HostMenuList m_menuList;

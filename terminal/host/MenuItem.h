@@ -3,6 +3,7 @@
 #define BRIMVALE_MENUITEM_H
 
 #include <QString>
+#include <QVariant>
 
 namespace Brimvale
 {
@@ -15,6 +16,13 @@ struct MenuItem
     QString text;     ///< Text of the item in the source language.
     int parentId = 0; ///< Number of the menu that the item stands in; 0 for the top.
     QString helpFile; ///< Path of the help text; empty for none.
+
+    QVariant defaultValue; ///< What holds until the person has set something else; invalid for none.
+    int decimals = -1;     ///< Of a number: its places behind the point; -1 for as many as it has.
+    int maximumLength =
+        0; ///< Of a text: the most characters that the person can enter; 0 for the usual limit.
+    QString confirmation; ///< Of a command: what the person is asked before it runs; empty to run it at once.
+    QString context; ///< Translation context of text and confirmation; empty when they are not translated.
 };
 
 } // namespace Brimvale

@@ -2,9 +2,14 @@
 #include "host/StoredParameters.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStringList>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace Brimvale
 {
@@ -33,6 +38,32 @@ QString errorText(const QSettings& settings)
                 "The stored parameters in %1 cannot be read or written. Check the permissions of the "
                 "file and its folder.");
     return QCoreApplication::translate("Brimvale::Terminal::StoredParameters", text).arg(settings.fileName());
+}
+
+/// What a stored value is as a text. One with commas that was written by hand, without quotes, is read as a list.
+QString textOf(const QVariant& stored)
+{
+    return stored.type() == QVariant::StringList ? stored.toStringList().join(QLatin1String(", "))
+                                                 : stored.toString();
+}
+
+bool flush(const QString& path, int flags)
+{
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | flags);
+    if (descriptor < 0) {
+        return false;
+    }
+    // Some file systems, such as those of foreign machines, know no flushing; they do what they can.
+    const bool flushed = ::fsync(descriptor) == 0 || errno == EINVAL;
+    ::close(descriptor);
+    return flushed;
+}
+
+/// Brings the file, and its name in the folder, to the medium: a new file that only the folder in memory knows would
+/// be gone after a power failure.
+bool flushFile(const QString& path)
+{
+    return flush(path, 0) && flush(QFileInfo(path).absolutePath(), O_DIRECTORY);
 }
 
 } // namespace
@@ -64,28 +95,60 @@ QString StoredParameters::value(const QString& menuFile, const QString& owner, c
         return *own;
     }
     const QVariant stored = m_settings ? m_settings->value(name) : QVariant();
-    if (!stored.isValid()) {
-        return defaultValue;
-    }
-    // A value with commas that was written by hand, without quotes, is read as a list.
-    return stored.type() == QVariant::StringList ? stored.toStringList().join(QLatin1String(", "))
-                                                 : stored.toString();
+    return stored.isValid() ? textOf(stored) : defaultValue;
 }
 
 bool StoredParameters::setValue(const QString& menuFile, const QString& owner, const QString& profile,
                                 int index, const QString& value, QString* error)
 {
-    const QString name = key(menuFile, owner, profile, index);
+    return setValues(menuFile, owner, profile, {{index, value}}, error);
+}
+
+QMap<int, QString> StoredParameters::values(const QString& menuFile, const QString& owner,
+                                            const QString& profile) const
+{
+    QMap<int, QString> values;
+    const auto add = [&values](const QString& name, const QString& value) {
+        bool isNumber = false;
+        const int index = name.toInt(&isNumber);
+        if (isNumber) {
+            values.insert(index, value);
+        }
+    };
+    const QString prefix = group(menuFile, owner, profile);
+    if (m_settings) {
+        m_settings->beginGroup(prefix);
+        const QStringList names = m_settings->childKeys();
+        for (const QString& name : names) {
+            add(name, textOf(m_settings->value(name)));
+        }
+        m_settings->endGroup();
+    }
+    for (auto own = m_values.cbegin(); own != m_values.cend(); ++own) {
+        if (own.key().startsWith(prefix + QLatin1Char('/'))) {
+            add(own.key().mid(prefix.size() + 1), *own);
+        }
+    }
+    return values;
+}
+
+bool StoredParameters::setValues(const QString& menuFile, const QString& owner, const QString& profile,
+                                 const QMap<int, QString>& values, QString* error)
+{
     QString problem = m_error;
     if (m_settings && problem.isEmpty()) {
-        m_settings->setValue(name, value);
+        for (auto value = values.cbegin(); value != values.cend(); ++value) {
+            m_settings->setValue(key(menuFile, owner, profile, value.key()), *value);
+        }
         m_settings->sync();
-        if (m_settings->status() != QSettings::NoError) {
+        if (m_settings->status() != QSettings::NoError || !flushFile(m_settings->fileName())) {
             problem = errorText(*m_settings);
         }
     }
     if (!m_settings || !problem.isEmpty()) {
-        m_values.insert(name, value);
+        for (auto value = values.cbegin(); value != values.cend(); ++value) {
+            m_values.insert(key(menuFile, owner, profile, value.key()), *value);
+        }
     }
     if (error != nullptr) {
         *error = problem;
@@ -93,11 +156,16 @@ bool StoredParameters::setValue(const QString& menuFile, const QString& owner, c
     return problem.isEmpty();
 }
 
+QString StoredParameters::group(const QString& menuFile, const QString& owner, const QString& profile)
+{
+    const QString file = menuFile.isEmpty() ? QStringLiteral("-") : menuFile;
+    return QStringList{keyPart(owner), keyPart(profile), file}.join(QLatin1Char('/'));
+}
+
 QString StoredParameters::key(const QString& menuFile, const QString& owner, const QString& profile,
                               int index)
 {
-    const QString file = menuFile.isEmpty() ? QStringLiteral("-") : menuFile;
-    return QStringList{keyPart(owner), keyPart(profile), file, QString::number(index)}.join(QLatin1Char('/'));
+    return group(menuFile, owner, profile) + QLatin1Char('/') + QString::number(index);
 }
 
 } // namespace Terminal

@@ -20,6 +20,9 @@ namespace Terminal
 /// the section, or in memory when there is no file name. A value is written to the file when it is set. A
 /// file that cannot be read is never written, so that nothing in it is lost, and one that cannot be written is found at
 /// once; see error().
+///
+/// A new file takes the place of the old one in one step, and what was stored with success is on the medium: when the
+/// power fails, the file holds everything that was confirmed, and of what was being stored all or nothing.
 class StoredParameters
 {
 public:
@@ -40,7 +43,15 @@ public:
     bool setValue(const QString& menuFile, const QString& owner, const QString& profile, int index,
                   const QString& value, QString* error = nullptr);
 
+    /// All values under menu file, owner and profile that have a number.
+    QMap<int, QString> values(const QString& menuFile, const QString& owner, const QString& profile) const;
+
+    /// Stores several values in one step: all of them or none. Otherwise like setValue().
+    bool setValues(const QString& menuFile, const QString& owner, const QString& profile,
+                   const QMap<int, QString>& values, QString* error = nullptr);
+
 private:
+    static QString group(const QString& menuFile, const QString& owner, const QString& profile);
     static QString key(const QString& menuFile, const QString& owner, const QString& profile, int index);
 
     std::unique_ptr<QSettings> m_settings; ///< Null: in memory.

@@ -8,6 +8,7 @@
 #include "host/StoredParameters.h"
 #include "host/Units.h"
 #include "measuring/Scale.h"
+#include "menu/MenuStore.h"
 
 namespace Brimvale
 {
@@ -25,29 +26,30 @@ System::System(HostCallLog& calls, Notices& notices, const SystemServices& servi
 bool System::HasMenuFile(QString menuFilePath)
 {
     m_calls.query("IUniversalMenuList::HasMenuFile", menuFilePath);
-    return false;
+    return m_services.menuStore.contains(menuFilePath);
 }
 
 bool System::GetMenuItemList(QString menuFilePath, QList<MenuItem>* items)
 {
-    Q_UNUSED(items)
     m_calls.query("IUniversalMenuList::GetMenuItemList", menuFilePath);
-    return refuseMenuFile(menuFilePath);
+    const MenuFile* const menu = m_services.menuStore.menu(menuFilePath);
+    if (menu == nullptr) {
+        return false;
+    }
+    *items = menu->items();
+    return true;
 }
 
 bool System::GetMenuItemById(QString menuFilePath, int id, MenuItem* item)
 {
-    Q_UNUSED(item)
     m_calls.query("IUniversalMenuList::GetMenuItemById", menuFilePath, id);
-    return refuseMenuFile(menuFilePath);
-}
-
-bool System::refuseMenuFile(const QString& menuFilePath)
-{
-    m_notices.post(
-        NoticeSeverity::Warning,
-        tr("Menu files are not available on this terminal yet: \"%1\" was not read.").arg(menuFilePath));
-    return false;
+    const MenuFile* const menu = m_services.menuStore.menu(menuFilePath);
+    const MenuItem* const found = menu != nullptr ? menu->item(id) : nullptr;
+    if (found == nullptr) {
+        return false;
+    }
+    *item = *found;
+    return true;
 }
 
 QString System::GetStoredParameter(QString menuFilePath, QString owner, QString profile, QString defaultValue,

@@ -13,6 +13,7 @@ namespace Terminal
 
 class HostCallLog;
 class MeasurementTransfer;
+class MenuStore;
 class Notices;
 class Scale;
 class StoredParameters;
@@ -45,12 +46,10 @@ struct SystemServices
     const StoredParameters& storedParameters;
     const Scale& scale;
     const Units& units;
+    MenuStore& menuStore;
 };
 
 /// The host's services, as plug-ins get them.
-///
-/// The menu store holds no menu files yet: HasMenuFile() is false for every path, and asking for items gives
-/// false and a notice.
 class System : public QObject, public ISystem
 {
     Q_OBJECT
@@ -60,6 +59,7 @@ public:
     System(HostCallLog& calls, Notices& notices, const SystemServices& services, QObject* parent = nullptr);
 
     // IUniversalMenuList
+    /// Whether there is such a menu file and it is without fault; see MenuStore for the paths.
     bool HasMenuFile(QString menuFilePath) override;
     bool GetMenuItemList(QString menuFilePath, QList<MenuItem>* items) override;
     bool GetMenuItemById(QString menuFilePath, int id, MenuItem* item) override;
@@ -115,8 +115,6 @@ signals:
 
 private:
     friend class ProtocolFormatScope;
-
-    bool refuseMenuFile(const QString& menuFilePath);
 
     HostCallLog& m_calls;
     Notices& m_notices;

@@ -87,13 +87,21 @@ LoadResult PluginManager::load(const QString& file)
     plugin->name = QFileInfo(file).completeBaseName();
     plugin->identifier = plugin->name;
     if (result.ok) {
+        emit entered(QFileInfo(canonicalFile).path());
         initialise(*plugin, result);
     }
+    const bool isInitialised = result.ok;
     if (!result.ok) {
         plugin->state = PluginState::Failed;
         plugin->fault = result.message;
     }
     m_plugins.push_back(std::move(plugin));
+    if (isInitialised) {
+        emit initialised(count() - 1);
+    }
+    if (m_active >= 0) {
+        emit entered(QFileInfo(at(m_active).canonicalFile).path());
+    }
     emit pluginsChanged();
     return result;
 }
@@ -305,7 +313,9 @@ void PluginManager::start()
     Plugin& plugin = at(m_active);
     plugin.state = PluginState::Starting;
     m_environment.controller.setActivePlugin(plugin.plugin);
-    m_environment.view.setFolder(QFileInfo(plugin.canonicalFile).path());
+    const QString folder = QFileInfo(plugin.canonicalFile).path();
+    m_environment.view.setFolder(folder);
+    emit entered(folder);
     emit aboutToStart();
     emit pluginsChanged();
     emit activePluginChanged();

@@ -132,6 +132,9 @@ public:
     /// none.
     int indexOf(const QString& identifier) const;
 
+    /// The plug-in @p index; null when it has not the interface.
+    IPlugin* plugin(int index) const { return at(index).plugin; }
+
     /// The index of the plug-in that is starting, running or closing; -1 for none.
     int activeIndex() const { return m_active; }
     /// Whether the active plug-in is running: neither starting nor closing.
@@ -173,6 +176,11 @@ signals:
     void pluginsChanged();
     /// Another plug-in is active, or none; or the active one has changed its state.
     void activePluginChanged();
+    /// The plug-in of this folder is about to be initialised or started: relative paths that it names are meant from
+    /// there.
+    void entered(const QString& folder);
+    /// InitPlugin() of the plug-in @p index, the last one, has returned true, and its names are known.
+    void initialised(int index);
     /// A plug-in is about to be started; it is active already.
     void aboutToStart();
     /// The active plug-in is running.

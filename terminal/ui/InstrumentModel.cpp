@@ -261,6 +261,14 @@ void InstrumentModel::setInfoItems(const QList<QObject*>& items)
     emit infoItemsChanged();
 }
 
+void InstrumentModel::setSettings(QObject* settings)
+{
+    if (m_settings != settings) {
+        m_settings = settings;
+        emit settingsChanged();
+    }
+}
+
 void InstrumentModel::setScalePlate(const QString& text)
 {
     if (m_scalePlate != text) {

@@ -71,6 +71,10 @@ class InstrumentModel : public QObject
     /// Lines of the info area, objects with the properties of InfoboxListItem. Destroyed ones drop out.
     Q_PROPERTY(QList<QObject*> infoItems READ infoItems NOTIFY infoItemsChanged)
 
+    /// The settings of the active plug-in, an object with the properties of SettingsModel; null when the terminal has
+    /// none.
+    Q_PROPERTY(QObject* settings READ settings NOTIFY settingsChanged)
+
     /// What the scale's plate says, e.g. "Max 3200 g   d = 0.1 g".
     Q_PROPERTY(QString scalePlate READ scalePlate WRITE setScalePlate NOTIFY scalePlateChanged)
     /// Where the weights come from, in words, e.g. "Simulated scale".
@@ -129,6 +133,7 @@ public:
     bool pluginActive() const;
     QUrl pluginScreen() const;
     QList<QObject*> infoItems() const;
+    QObject* settings() const { return m_settings; }
     QString scalePlate() const;
     QString sourceText() const;
     bool sourceOk() const;
@@ -157,6 +162,8 @@ public:
     void setPluginScreen(const QUrl& screen);
     /// Replaces the lines of the info area; null pointers are left out. The objects stay the caller's.
     void setInfoItems(const QList<QObject*>& items);
+    /// Sets the settings that are shown. The object stays the caller's and must outlive the screen.
+    void setSettings(QObject* settings);
     void setScalePlate(const QString& text);
     void setSourceText(const QString& text);
     void setSourceOk(bool ok);
@@ -182,6 +189,7 @@ signals:
     void pluginsChanged();
     void pluginScreenChanged();
     void infoItemsChanged();
+    void settingsChanged();
     void scalePlateChanged();
     void sourceTextChanged();
     void sourceOkChanged();
@@ -230,6 +238,7 @@ private:
     QVector<PluginEntry> m_plugins;
     QUrl m_pluginScreen;
     QVector<Watched> m_infoItems;
+    QPointer<QObject> m_settings;
     QString m_scalePlate;
     QString m_sourceText;
     bool m_sourceOk = true;

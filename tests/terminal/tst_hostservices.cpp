@@ -44,7 +44,8 @@ private slots:
     void mswParameters();
     void rangeSwitch();
 
-    void menuFilesAreNotAvailable();
+    void menuFiles();
+    void menuFilesThatAreNotThere();
     void workflowCallsAreRecorded();
     void protocolMenusAreMade();
     void addonsAreNotAvailable();
@@ -396,19 +397,41 @@ void tst_HostServices::rangeSwitch()
     QCOMPARE(host().rangeSwitch().rangeSelection(), 2);
 }
 
-void tst_HostServices::menuFilesAreNotAvailable()
+void tst_HostServices::menuFiles()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.json"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{\"version\": 1, \"items\": [{\"id\": 7, \"kind\": \"bool\", \"text\": \"Tare\"}]}");
+    file.close();
+    QList<MenuItem> items{MenuItem(), MenuItem()};
+    MenuItem item;
+    QVERIFY(system().HasMenuFile(path));
+    QVERIFY(system().GetMenuItemList(path, &items));
+    QCOMPARE(items.size(), 1);
+    QCOMPARE(items.first().id, 7);
+    QVERIFY(system().GetMenuItemById(path, 7, &item));
+    QCOMPARE(item.text, QStringLiteral("Tare"));
+    QVERIFY(!system().GetMenuItemById(path, 8, &item));
+    QCOMPARE(item.text, QStringLiteral("Tare"));
+    QCOMPARE(m_fixture->notices, QStringList());
+}
+
+void tst_HostServices::menuFilesThatAreNotThere()
 {
     QList<MenuItem> items{MenuItem()};
     MenuItem item;
-    item.id = 5;
+    item.id = 77;
     QVERIFY(!system().HasMenuFile(QStringLiteral(":/a.menu")));
     QVERIFY(!system().GetMenuItemList(QStringLiteral(":/a.menu"), &items));
     QVERIFY(!system().GetMenuItemById(QStringLiteral(":/a.menu"), 1, &item));
     QCOMPARE(items.size(), 1);
-    QCOMPARE(item.id, 5);
-    const QString notice = QStringLiteral(
-        "warning: Menu files are not available on this terminal yet: \":/a.menu\" was not read.");
-    QCOMPARE(m_fixture->notices, (QStringList{notice, notice}));
+    QCOMPARE(item.id, 77);
+    QCOMPARE(m_fixture->notices.size(), 1);
+    QVERIFY2(
+        m_fixture->notices.first().startsWith(QLatin1String("error: The menu file :/a.menu does not exist.")),
+        qPrintable(m_fixture->notices.first()));
 }
 
 void tst_HostServices::workflowCallsAreRecorded()

@@ -63,6 +63,19 @@ Rectangle {
             objectName: "protocolMenu"
             anchors.fill: parent
         }
+        Loader {
+            objectName: "settingsLoader"
+            readonly property bool wanted: instrument.settings ? instrument.settings.open : false
+            y: Theme.statusHeight
+            width: parent.width
+            height: Theme.screenHeight - Theme.statusHeight
+            active: wanted
+            focus: true
+            sourceComponent: SettingsScreen {
+                objectName: "settingsScreen"
+                settings: instrument.settings
+            }
+        }
         NoticeBar {
             objectName: "notice"
             x: 16

@@ -34,7 +34,7 @@ Rectangle {
 
     Row {
         id: state
-        anchors.right: languageKey.left
+        anchors.right: settingsKey.left
         anchors.rightMargin: 12
         height: parent.height
         spacing: 28
@@ -107,6 +107,36 @@ Rectangle {
         }
     }
 
+    Rectangle {
+        id: settingsKey
+        objectName: "settingsKey"
+        visible: instrument.settings ? instrument.settings.available : false
+        anchors.right: languageKey.left
+        width: visible ? 64 : 0
+        height: parent.height
+        color: settingsArea.pressed ? Theme.keyPressed : "transparent"
+
+        Rectangle {
+            width: 1
+            height: 24
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.frameLine
+        }
+        Icon {
+            anchors.centerIn: parent
+            name: "gear"
+            size: 28
+            strokeWidth: 1.8
+            color: instrument.settings && instrument.settings.open ? Theme.accentLit : Theme.frameInk
+        }
+        MouseArea {
+            id: settingsArea
+            anchors.fill: parent
+            anchors.bottomMargin: -Theme.unit
+            onClicked: instrument.settings.open ? instrument.settings.closeScreen()
+                                                : instrument.settings.openScreen()
+        }
+    }
     Rectangle {
         id: languageKey
         anchors.right: parent.right

@@ -541,6 +541,21 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::MenuStore</name>
+    <message>
+        <source>The menu of the application names no menu file. Set m_menuFilePath in its constructor.</source>
+        <translation>Das Menü der Anwendung nennt keine Menüdatei. m_menuFilePath ist in seinem Konstruktor zu setzen.</translation>
+    </message>
+    <message>
+        <source>The menu file %1 does not exist. Correct the path, or add the file to the resources of the plug-in.</source>
+        <translation>Die Menüdatei %1 gibt es nicht. Der Pfad ist zu berichtigen oder die Datei in die Ressourcen des Plug-ins aufzunehmen.</translation>
+    </message>
+    <message>
+        <source>The menu of the application cannot be shown.</source>
+        <translation>Das Menü der Anwendung kann nicht gezeigt werden.</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::PdfPrinter</name>
     <message>
         <source>PDF file %1</source>
@@ -907,6 +922,21 @@
     <message>
         <source>The plug-in &quot;%1&quot; (%2) was taken out: %3. %4</source>
         <translation>Das Plug-in &quot;%1&quot; (%2) wurde herausgenommen: %3. %4</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::PluginProfiles</name>
+    <message>
+        <source>The application failed in %1() while it was given its settings: %2</source>
+        <translation>Die Anwendung ist in %1() fehlgeschlagen, während sie ihre Einstellungen bekam: %2</translation>
+    </message>
+    <message>
+        <source>The stored value &quot;%1&quot; of the setting &quot;%2&quot; (%3, item %4) cannot be used; the default holds. Set it again.</source>
+        <translation>Der gespeicherte Wert „%1“ der Einstellung „%2“ (%3, Eintrag %4) ist nicht verwendbar; es gilt die Vorgabe. Bitte neu einstellen.</translation>
+    </message>
+    <message>
+        <source>The setting holds until the terminal ends, but was not stored. %1</source>
+        <translation>Die Einstellung gilt bis zum Ende des Terminals, wurde aber nicht gespeichert. %1</translation>
     </message>
 </context>
 <context>
@@ -1315,6 +1345,101 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::SettingsModel</name>
+    <message>
+        <source>The menu of the application &quot;%1&quot; failed in %2(): %3</source>
+        <translation>Das Menü der Anwendung „%1“ ist in %2() fehlgeschlagen: %3</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation type="unfinished">Aus</translation>
+    </message>
+    <message>
+        <source>The application has no settings.</source>
+        <translation>Die Anwendung hat keine Einstellungen.</translation>
+    </message>
+    <message>
+        <source>The settings are not open.</source>
+        <translation>Die Einstellungen sind nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>There is no setting %1 now.</source>
+        <translation>Eine Einstellung %1 gibt es jetzt nicht.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be changed now.</source>
+        <translation>„%1“ lässt sich jetzt nicht ändern.</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>The help text %1 cannot be read.</source>
+        <translation>Der Hilfetext %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>This is no number.</source>
+        <translation>Das ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>Enter a whole number.</source>
+        <translation>Bitte eine ganze Zahl eingeben.</translation>
+    </message>
+    <message>
+        <source>Decimals: at most %1.</source>
+        <translation>Nachkommastellen: höchstens %1.</translation>
+    </message>
+    <message>
+        <source>Enter a number from %1 to %2.</source>
+        <translation>Bitte eine Zahl von %1 bis %2 eingeben.</translation>
+    </message>
+    <message>
+        <source>The number is too large.</source>
+        <translation>Die Zahl ist zu groß.</translation>
+    </message>
+    <message>
+        <source>Nothing is asked for.</source>
+        <translation>Es wird nach nichts gefragt.</translation>
+    </message>
+    <message>
+        <source>Characters: at most %1.</source>
+        <translation>Zeichen: höchstens %1.</translation>
+    </message>
+    <message>
+        <source>There is no such entry.</source>
+        <translation>Diesen Eintrag gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>This value is not allowed.</source>
+        <translation>Dieser Wert ist nicht zulässig.</translation>
+    </message>
+    <message>
+        <source>The application has refused the value.</source>
+        <translation>Die Anwendung hat den Wert abgelehnt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has failed.</source>
+        <translation>„%1“ ist fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no value.</source>
+        <translation>„%1“ hat keinen Wert.</translation>
+    </message>
+    <message>
+        <source>A yes/no is set to on or off.</source>
+        <translation>Ein Schalter wird auf on oder off gestellt.</translation>
+    </message>
+    <message>
+        <source>There is no entry &quot;%1&quot;; there are: %2.</source>
+        <translation>Einen Eintrag „%1“ gibt es nicht; es gibt: %2.</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::SicsPrinter</name>
     <message>
         <source>SICS output</source>
@@ -1396,13 +1521,6 @@
     <message>
         <source>The stored parameters in %1 cannot be read or written. Check the permissions of the file and its folder.</source>
         <translation>Die gespeicherten Parameter in %1 können nicht gelesen oder geschrieben werden. Prüfen Sie die Zugriffsrechte der Datei und ihres Ordners.</translation>
-    </message>
-</context>
-<context>
-    <name>Brimvale::Terminal::System</name>
-    <message>
-        <source>Menu files are not available on this terminal yet: &quot;%1&quot; was not read.</source>
-        <translation>Menüdateien gibt es auf diesem Terminal noch nicht: &quot;%1&quot; wurde nicht gelesen.</translation>
     </message>
 </context>
 <context>
@@ -1628,6 +1746,17 @@
     </message>
 </context>
 <context>
+    <name>NumericDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished">OK</translation>
+    </message>
+</context>
+<context>
     <name>ProtocolMenu</name>
     <message>
         <source>There is nothing to print in this part.</source>
@@ -1659,6 +1788,25 @@
     <message>
         <source>&quot;%1&quot; is not a readability: give 1, 2 or 5 times a power of ten in grams, from 0.0000001 to 50000, such as 0.1, 0.02 or 5.</source>
         <translation>&quot;%1&quot; ist keine Ablesbarkeit: Geben Sie das 1-, 2- oder 5-fache einer Zehnerpotenz in Gramm an, von 0.0000001 bis 50000, etwa 0.1, 0.02 oder 5.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsScreen</name>
+    <message>
+        <source>There is nothing to set here now.</source>
+        <translation>Hier gibt es jetzt nichts einzustellen.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished">OK</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -1771,6 +1919,17 @@
     <message>
         <source>No application</source>
         <translation>Keine Anwendung</translation>
+    </message>
+</context>
+<context>
+    <name>TextDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished">OK</translation>
     </message>
 </context>
 <context>
