@@ -592,8 +592,7 @@ QString SettingsModel::number(const MenuItem& item, const QString& text, QVarian
     }
     const int decimals = item.decimals >= 0 ? item.decimals : MenuFile::MaximumDecimals;
     if (match.captured(3).size() + match.captured(4).size() > decimals) {
-        return decimals == 0 ? tr("Enter a whole number.")
-                             : tr("Decimals: at most %1.").arg(decimals);
+        return decimals == 0 ? tr("Enter a whole number.") : tr("Decimals: at most %1.").arg(decimals);
     }
     const double number = QLocale::c().toDouble(entered);
     double minimum = 0.0;

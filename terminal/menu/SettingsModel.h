@@ -113,6 +113,8 @@ public:
     QString title() const { return m_title; }
     QString parentTitle() const { return m_parentTitle; }
     QString dialog() const { return m_dialog.name; }
+    /// The item that the dialog is about; 0 for none.
+    int dialogItem() const { return m_dialog.id; }
     QString dialogTitle() const { return m_dialog.title; }
     QString dialogText() const { return m_dialog.text; }
     QString dialogUnit() const { return m_dialog.unit; }

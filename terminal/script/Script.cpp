@@ -53,11 +53,15 @@ constexpr Form FormTable[] = {
     {Kind::WaitTime, "wait {time}", "wait 2 s"},
     {Kind::Press, "press action {word}", "press action print"},
     {Kind::PressPrint, "press print", "press print"},
+    {Kind::PressItem, "press item {index}", "press item 11"},
     {Kind::PressUnit, "press unit", "press unit"},
     {Kind::PressSmallUnit, "press small-unit", "press small-unit"},
     {Kind::Press, "press {word}", "press tare"},
     {Kind::Start, "start {rest}", "start IDENTIFIER"},
+    {Kind::OpenSettings, "open settings", "open settings"},
+    {Kind::CloseSettings, "close settings", "close settings"},
     {Kind::Close, "close", "close"},
+    {Kind::SetItem, "set item {index} {text}", "set item 11 250.5"},
     {Kind::SetLevel, "set level ok|off", "set level off"},
     {Kind::SetCalibration, "set calibration due|ok", "set calibration due"},
     {Kind::SetNoise, "set noise {noise}", "set noise 0.5"},
@@ -117,6 +121,7 @@ constexpr Form FormTable[] = {
     {Kind::ExpectTriggers, "expect triggers {index}", "expect triggers 1"},
     {Kind::ExpectReason, "expect reason {found}", "expect reason inside the band"},
     {Kind::ExpectParameters, "expect parameters {word}", "expect parameters standard"},
+    {Kind::ExpectItem, "expect item {index} {text?}", "expect item 11 250.5 g"},
 };
 
 /// Takes the first word off @p line.

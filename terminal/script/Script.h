@@ -33,6 +33,10 @@ struct Statement
         Press,                    ///< word: uid
         Start,                    ///< text: identifier of the plug-in
         Close,                    ///<
+        OpenSettings,             ///<
+        CloseSettings,            ///<
+        SetItem,                  ///< number: id of the setting; text
+        PressItem,                ///< number: id of the setting
         SetLevel,                 ///< on: level
         SetCalibration,           ///< on: due
         SetNoise,                 ///< number: increments
@@ -93,7 +97,8 @@ struct Statement
         ExpectCoarse,             ///< on
         ExpectTriggers,           ///< number
         ExpectReason,             ///< text
-        ExpectParameters          ///< word: set
+        ExpectParameters,         ///< word: set
+        ExpectItem                ///< number: id of the setting; text, or none
     };
 
     /// How long a wait goes on that does not say so itself.

@@ -65,8 +65,18 @@ QString warningText(const QObject* warnings, const char* visible, const char* te
     return warnings && warnings->property(visible).toBool() ? warnings->property(text).toString() : QString();
 }
 
+/// A line of the info area as a text; empty when it is hidden.
 QString infoText(const QObject* item)
 {
+    if (!item->property("itemGroupTitle").isValid()) { // a value with an icon, or one that can be hidden
+        if (item->property("isVisible").isValid() && !item->property("isVisible").toBool())
+            return QString();
+        const QString amount =
+            (item->property("value").toString() + QLatin1Char(' ') + item->property("unit").toString())
+                .trimmed();
+        const QString title = item->property("info").toString();
+        return title.isEmpty() || amount.isEmpty() ? title + amount : title + QStringLiteral(": ") + amount;
+    }
     const QString group = item->property("itemGroupTitle").toString();
     const QString title = item->property("itemValueTitle").toString();
     const QString value = item->property("itemValue").toString();
@@ -294,6 +304,11 @@ ScriptRunner::Outcome ScriptRunner::carryOut(const Statement& statement)
     case Kind::Bench:
         m_session.bench().setPage(statement.word);
         return done(QStringLiteral("shown"));
+    case Kind::OpenSettings:
+    case Kind::CloseSettings:
+    case Kind::SetItem:
+    case Kind::PressItem:
+        return useSettings(statement);
     case Kind::Screenshot:
         return takeScreenshot(statement.text);
     case Kind::Note:
@@ -668,6 +683,40 @@ ScriptRunner::Outcome ScriptRunner::keepPrintOut(const QString& path, const QStr
     return done(QStringLiteral("kept as expected from now on"));
 }
 
+ScriptRunner::Outcome ScriptRunner::useSettings(const Statement& statement)
+{
+    SettingsModel& settings = m_session.settings();
+    const int id = static_cast<int>(statement.number);
+    QString error;
+    switch (statement.kind) {
+    case Kind::OpenSettings:
+        error = settings.openScreen();
+        break;
+    case Kind::CloseSettings:
+        error = settings.isOpen() ? QString() : QStringLiteral("the settings are not open");
+        settings.closeScreen();
+        break;
+    case Kind::SetItem:
+        error = settings.set(id, statement.text);
+        break;
+    default: // PressItem; pressed again, a command that has asked is confirmed
+        error = settings.dialog() == QLatin1String("confirmation") && settings.dialogItem() == id
+                    ? settings.confirm()
+                    : settings.pressAnywhere(id);
+        break;
+    }
+    TimeDriver::settle();
+    if (!error.isEmpty())
+        return failed(error);
+    if (!settings.isOpen())
+        return done(QStringLiteral("closed"));
+    if (statement.kind == Kind::SetItem)
+        return done(settings.shownText(id).value_or(QStringLiteral("set")));
+    return done(settings.dialog().isEmpty()
+                    ? quoted(settings.title())
+                    : settings.dialog() + QLatin1Char(' ') + quoted(settings.dialogTitle()));
+}
+
 ScriptRunner::Outcome ScriptRunner::takeScreenshot(const QString& file)
 {
     const QString path = m_folder.isEmpty() ? file : QDir(m_folder).filePath(file);
@@ -727,6 +776,17 @@ ScriptRunner::Outcome ScriptRunner::expect(const Statement& statement)
         for (const QObject* item : instrument.infoItems())
             lines.append(infoText(item));
         return expectPart(QStringLiteral("info"), statement, lines.join(QStringLiteral("; ")));
+    }
+    case Kind::ExpectItem: {
+        const auto id = static_cast<int>(statement.number);
+        const std::optional<QString> shown = m_session.settings().shownText(id);
+        const QString what = QStringLiteral("setting %1 ").arg(id);
+        if (statement.none)
+            return expected(!shown, QStringLiteral("no setting %1").arg(id),
+                            QStringLiteral("it shows ") + quoted(shown.value_or(QString())));
+        return expected(shown == statement.text, what + quoted(statement.text),
+                        shown ? QStringLiteral("it shows ") + quoted(*shown)
+                              : QStringLiteral("it is not shown, or the settings are not open"));
     }
     case Kind::ExpectWorkflow:
         return expectPart(QStringLiteral("workflow"), statement,

@@ -71,6 +71,7 @@ private:
     Outcome pressPrint();
     Outcome startPlugin(const QString& id);
     Outcome closePlugin();
+    Outcome useSettings(const Statement& statement);
     Outcome takeScreenshot(const QString& file);
     Outcome changeLoad(const Statement& statement);
     Outcome setBench(const Statement& statement);

@@ -139,6 +139,12 @@ INTERPOSED int fsync(int descriptor)
     return fails({"fsync", nullptr, descriptor, 0}) ? -1 : original(&::fsync, "fsync")(descriptor);
 }
 
+INTERPOSED int fdatasync(int descriptor)
+{
+    return fails({"fdatasync", nullptr, descriptor, 0}) ? -1
+                                                        : original(&::fdatasync, "fdatasync")(descriptor);
+}
+
 INTERPOSED int linkat(int fromDirectory, const char* from, int toDirectory, const char* to,
                       int flags) noexcept
 {

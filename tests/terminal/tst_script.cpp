@@ -320,12 +320,14 @@ void TestScript::error_data()
         QTest::newRow(name) << QByteArray(line) << QString::fromUtf8(error);
     };
     row("unknown word", "lift 5 g",
-        "no statement begins so; begin with put, take, wait, press, start, close, set, repeat, protocol, "
+        "no statement begins so; begin with put, take, wait, press, start, open, close, set, repeat, "
+        "protocol, "
         "disconnect, "
         "connect, "
         "dismiss, language, bench, screenshot, note, expect");
     row("case counts", "Put on 5 g",
-        "no statement begins so; begin with put, take, wait, press, start, close, set, repeat, protocol, "
+        "no statement begins so; begin with put, take, wait, press, start, open, close, set, repeat, "
+        "protocol, "
         "disconnect, "
         "connect, "
         "dismiss, language, bench, screenshot, note, expect");
@@ -374,14 +376,20 @@ void TestScript::error_data()
         "this cannot be understood; write for example: wait stable within 10 s");
     row("display of what", "wait display",
         "the text is missing; write for example: wait display 500.0 g within 60 s");
+    row("setting without a number", "set item x 5",
+        "this is a whole number from 0; write for example: set item 11 250.5");
+    row("setting without a value", "set item 11",
+        "the text is missing; write for example: set item 11 250.5");
+    row("open what", "open", "this cannot be understood; write for example: open settings");
     row("press what", "press",
         "this cannot be understood; write for example: press action print, or: press "
-        "print, or: press unit, or: press small-unit, or: press tare");
+        "print, or: press item 11, or: press unit, or: press small-unit, or: press tare");
     row("two words for a button", "press clear tare",
         "this cannot be understood; write for example: press tare");
     row("level of what", "set level maybe", "this cannot be understood; write for example: set level off");
     row("set what", "set",
-        "this cannot be understood; write for example: set level off, or: set calibration "
+        "this cannot be understood; write for example: set item 11 250.5, or: set level off, or: set "
+        "calibration "
         "due, or: set noise 0.5, or: set drift 0.2 g/min, or: set printer paper out, or: set unit kg, or: "
         "set small-unit g, or: set "
         "approval on, or: set carat on, or: set auxiliary-digit on, or: set decimals 2, or: set "
@@ -411,7 +419,8 @@ void TestScript::error_data()
         "the drift is a number of g/min up to 10, or down to -10; write for example: set drift 0.2 g/min");
     row("too much drift", "set drift -11 g/min",
         "the drift is a number of g/min up to 10, or down to -10; write for example: set drift 0.2 g/min");
-    row("more than needed", "close now", "this cannot be understood; write for example: close");
+    row("more than needed", "close now",
+        "this cannot be understood; write for example: close settings, or: close");
     row("language", "language fr", "there is English (en) and German (de); write for example: language de");
     row("page", "bench level",
         "the bench has the pages scale, units, transfer and printer; write for example: bench transfer");

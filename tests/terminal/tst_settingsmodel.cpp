@@ -396,8 +396,7 @@ void tst_SettingsModel::textAndItsLength()
     QCOMPARE(m_model->press(21), QString());
     QCOMPARE(m_model->dialog(), QStringLiteral("text"));
     QCOMPARE(m_model->dialogMaximumLength(), 12);
-    QCOMPARE(m_model->enter(QStringLiteral("1234567890123")),
-             QStringLiteral("Characters: at most 12."));
+    QCOMPARE(m_model->enter(QStringLiteral("1234567890123")), QStringLiteral("Characters: at most 12."));
     QCOMPARE(m_model->enter(QStringLiteral("Größe \"7\", a")), QString());
     QCOMPARE(shown(21), QStringLiteral("Größe \"7\", a"));
     restart();
