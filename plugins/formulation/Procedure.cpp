@@ -188,6 +188,7 @@ void Procedure::onStepEntered(int stepId)
     m_resultScreen = nullptr;
     m_isFunctionRunning = false;
     if (stepId == VesselStep) {
+        m_phase = Vessel; // before the tare, whose end comes with a reading
         m_component = -1;
         m_batch.weighed.clear();
         if (m_system->GetRegisterValueProvider()
@@ -214,7 +215,9 @@ void Procedure::onReset()
 {
     // What was weighed is withdrawn when its step is entered again, and kept when the batch is aborted.
     if (m_phase == Judging || m_phase == Refused || m_phase == Weighed) {
-        setPhase(Dosing);
+        m_phase = Dosing;
+        tellDosing();
+        emit changed();
     }
 }
 
@@ -258,7 +261,9 @@ QVariant Procedure::onAccept(QVariant argument, QVariant data)
         m_batch.weighed.resize(m_component); // repeated after its result was shown
         save();
     }
-    setPhase(Judging);
+    m_phase = Judging;
+    tellDosing();
+    emit changed();
     return QVariant();
 }
 
@@ -436,7 +441,7 @@ void Procedure::translate()
 {
     m_vesselFunction->setName(tr("Taring"));
     m_returnFunction->setName(tr("Resuming"));
-    m_weighFunction->setName(tr("Weighing in"));
+    m_weighFunction->setName(tr("Dosing"));
     m_finishFunction->setName(tr("Batch %1").arg(m_batch.numberText()));
     for (Step& step : m_texts) {
         translateStep(step);

@@ -323,8 +323,8 @@
         <translation>Fortsetzen</translation>
     </message>
     <message>
-        <source>Weighing in</source>
-        <translation>Einwägen</translation>
+        <source>Dosing</source>
+        <translation>Dosieren</translation>
     </message>
     <message>
         <source>Batch %1</source>
