@@ -31,6 +31,9 @@ private slots:
     void stableNeedsReadingsAfterTheChange();
     void defaultLimitOfAWait();
     void waitForTheEndOfARecording();
+    void settings();
+    void settingsThatFail_data();
+    void settingsThatFail();
     void screenshot();
     void screenshotWhereThereIsNoFolder();
     void plugins();
@@ -433,6 +436,49 @@ void TestScriptRunner::interruption()
     QVERIFY(play(QStringLiteral("wait 1 s; wait 60 s; expect net on")));
     QCOMPARE(m_failures, QStringList());
     QCOMPARE(m_runner->statementCount(), 1);
+}
+
+void TestScriptRunner::settings()
+{
+    m_fixture->usePlugin("fixture_menu");
+    QVERIFY2(play(QStringLiteral(
+                 "open settings; expect item 11 500.0 g; set item 11 250.7; expect item 11 250.5 g; "
+                 "press item 20; expect item 20 Off; expect item 25 none; set item 20 on; "
+                 "set item 13 coarse; expect item 13 coarse; set item 21 \"Lot 7\"; "
+                 "press item 22; expect item 21 Lot 7; press item 22; expect item 21 \"\"; "
+                 "close settings; expect item 11 none")),
+             qPrintable(m_failures.join(QLatin1Char('\n'))));
+    QCOMPARE(m_failures, QStringList());
+}
+
+void TestScriptRunner::settingsThatFail_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("failure");
+    const auto row = [](const char* name, const char* text, const char* failure) {
+        QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(failure);
+    };
+    row("not open", "set item 11 5", "a.script:1: The settings are not open.");
+    row("closed twice", "close settings", "a.script:1: the settings are not open");
+    row("no such item", "open settings; press item 99", "a.script:2: There is no setting 99 now.");
+    row("outside of the range", "open settings; set item 11 5000",
+        "a.script:2: Enter a number from 1.0 to 1000.0.");
+    row("locked", "open settings; press item 24", "a.script:2: \"Sealed\" cannot be changed now.");
+    row("other value", "open settings; expect item 11 5.0 g",
+        "a.script:2: expected setting 11 \"5.0 g\", but it shows \"500.0 g\"");
+    row("value of what is not shown", "expect item 11 5.0 g",
+        "a.script:1: expected setting 11 \"5.0 g\", but it is not shown, or the settings are not open");
+    row("shown nevertheless", "open settings; expect item 11 none",
+        "a.script:2: expected no setting 11, but it shows \"500.0 g\"");
+}
+
+void TestScriptRunner::settingsThatFail()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, failure);
+    m_fixture->usePlugin("fixture_menu");
+    QVERIFY(!play(text));
+    QCOMPARE(m_failures, QStringList{failure});
 }
 
 QTEST_MAIN(TestScriptRunner)

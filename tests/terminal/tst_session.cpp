@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QQuickItem>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QSettings>
 #include <QSignalSpy>
@@ -62,6 +63,9 @@ private slots:
     void forgivenErrors();
     void lostConnection();
 
+    void settingsOfAPlugin();
+    void settingsFollowTheLanguage_data();
+    void settingsFollowTheLanguage();
     void language();
     void languageOfTheCommandLine();
     void languageIsKept();
@@ -532,6 +536,84 @@ void TestSession::lostConnection()
     m_fixture->driver.run(200);
     QVERIFY(instrument().sourceOk());
     QCOMPARE(display(), QStringLiteral("0.0 g"));
+}
+
+void TestSession::settingsOfAPlugin()
+{
+    m_fixture->usePlugin("fixture_menu");
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    const auto* const key =
+        session().window().rootItem()->findChild<QQuickItem*>(QStringLiteral("settingsKey"));
+    QVERIFY(key);
+    QVERIFY(key->isVisible());
+    const auto screen = [this] {
+        return session().window().rootItem()->findChild<QQuickItem*>(QStringLiteral("settingsScreen"));
+    };
+    QVERIFY(!screen());
+    QCOMPARE(session().settings().openScreen(), QString());
+    QVERIFY(screen());
+    // The other application has none.
+    QVERIFY(session().host().plugins().activate(QStringLiteral("fixture")));
+    QVERIFY(session().host().plugins().waitUntilSettled());
+    QVERIFY(!key->isVisible());
+    QVERIFY(!session().settings().isOpen());
+    QTRY_VERIFY(!screen());
+}
+
+void TestSession::settingsFollowTheLanguage_data()
+{
+    QTest::addColumn<int>("item"); // that is tapped; 0 for none
+    QTest::newRow("top") << 0;
+    QTest::newRow("page") << 10;
+    QTest::newRow("numeric dialog") << 11;
+    QTest::newRow("selection") << 13;
+    QTest::newRow("text dialog") << 21;
+    QTest::newRow("confirmation") << 22;
+}
+
+/// The words that an item and what is in it show.
+static QStringList shownWords(const QQuickItem* item)
+{
+    QStringList words;
+    if (!item->isVisible()) {
+        return words;
+    }
+    const QString text = item->property("text").toString();
+    static const QRegularExpression letters(QStringLiteral("\\p{L}{2}"));
+    if (item->inherits("QQuickText") && text.contains(letters)) {
+        words.append(text);
+    }
+    const QList<QQuickItem*> children = item->childItems();
+    for (const QQuickItem* const child : children) {
+        words += shownWords(child);
+    }
+    return words;
+}
+
+void TestSession::settingsFollowTheLanguage()
+{
+    QFETCH(int, item);
+    m_fixture->usePlugin("fixture_menu");
+    m_fixture->options.language = QStringLiteral("en");
+    m_fixture->start();
+    session().settings().openScreen();
+    if (item != 0) {
+        QCOMPARE(session().settings().pressAnywhere(item), QString());
+    }
+    const auto* const screen =
+        session().window().rootItem()->findChild<QQuickItem*>(QStringLiteral("settingsScreen"));
+    QVERIFY(screen);
+    QTRY_VERIFY(shownWords(screen).size() > 2);
+    QStringList english = shownWords(screen);
+    session().setLanguage(QStringLiteral("de"));
+    TimeDriver::settle();
+    const QStringList german = shownWords(screen);
+    QCOMPARE(german.size(), english.size());
+    english.removeAll(QStringLiteral("OK")); // it is the same in both
+    for (const QString& word : qAsConst(english)) {
+        QVERIFY2(!german.contains(word), qPrintable(word));
+    }
 }
 
 void TestSession::language()

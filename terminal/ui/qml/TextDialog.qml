@@ -71,6 +71,11 @@ Rectangle {
             color: Theme.ink
             selectionColor: Theme.accent
             selectedTextColor: "white"
+            // It does not blink, so that every picture of it is the same.
+            cursorDelegate: Rectangle {
+                width: 2
+                color: Theme.accent
+            }
             onTextEdited: dialog.edited()
             onAccepted: dialog.entered(text)
             Keys.onEscapePressed: dialog.cancelled()
