@@ -2,6 +2,7 @@
 #include "host/StoredParameters.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
@@ -66,6 +67,18 @@ bool flushFile(const QString& path)
     return flush(path, 0) && flush(QFileInfo(path).absolutePath(), O_DIRECTORY);
 }
 
+/// A process that ended while it made the lock of the file leaves an empty one. QSettings would wait half a minute for
+/// whoever holds it.
+void removeEmptyLock(const QString& path)
+{
+    const QFileInfo lock(path + QStringLiteral(".lock"));
+    constexpr qint64 MomentsToMakeOneS = 2;
+    if (lock.isFile() && lock.size() == 0
+        && lock.lastModified().secsTo(QDateTime::currentDateTime()) > MomentsToMakeOneS) {
+        QFile::remove(lock.filePath());
+    }
+}
+
 } // namespace
 
 StoredParameters::StoredParameters(const QString& file)
@@ -73,6 +86,7 @@ StoredParameters::StoredParameters(const QString& file)
     if (file.isEmpty()) {
         return;
     }
+    removeEmptyLock(file);
     m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
     m_settings->setIniCodec("UTF-8");
     m_settings->sync();
