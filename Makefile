@@ -30,7 +30,7 @@ help:
 run:
 	$(SETUP) --group run
 	cmake --preset release
-	cmake --build --preset release --parallel $(JOBS) --target brimvale-terminal density formulation statistics weighing
+	cmake --build --preset release --parallel $(JOBS) --target brimvale-terminal counting density formulation statistics weighing
 	tools/run-terminal build/release $(RUN_ARGS)
 
 test:
