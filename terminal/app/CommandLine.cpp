@@ -34,8 +34,8 @@ constexpr OptionInfo OptionTable[] = {
      "--plugin-dir the installed plug-ins are run",
      nullptr, true},
     {"no-plugin", nullptr, "run no plug-in: the terminal weighs by itself", nullptr, false},
-    {"start", "ID", "the plug-in that is started first; default: the one chosen last, else the first",
-     nullptr, false},
+    {"start", "ID", "the plug-in started first; default: the one chosen last, else the first", nullptr,
+     false},
     {"check", nullptr,
      "load, initialise, start and close every plug-in, tell how each step went,\n"
      "and end",

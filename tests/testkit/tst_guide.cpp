@@ -123,7 +123,7 @@ QString between(const QString& text, const QString& begin, const QString& end)
 void TestGuide::guideShowsTheExample()
 {
     const QString example =
-        between(contents(__FILE__), QStringLiteral("// guide: test\n"), QStringLiteral("// guide: end\n"));
+        between(contents(EXAMPLE), QStringLiteral("// guide: test\n"), QStringLiteral("// guide: end\n"));
     QVERIFY(!example.isEmpty());
     const QString shown =
         between(contents(GUIDE), QStringLiteral("<!-- tests/testkit/tst_guide.cpp -->\n```cpp\n"),
