@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "FormulationPlugin.h"
 
+#include "FormulationMenu.h"
 #include "FormulationProtocol.h"
 #include "Procedure.h"
 
@@ -14,7 +15,6 @@
 #include <IMenuList.h>
 #include <IPluginViewManager.h>
 #include <IRegisterValueProvider.h>
-#include <IStatusInfo.h>
 #include <ISystem.h>
 #include <ISystemRegister.h>
 #include <IWeighing.h>
@@ -26,12 +26,6 @@ using namespace Brimvale;
 
 namespace
 {
-
-// Where the host keeps the stored values of the settings profile.
-const QLatin1String SettingsPath("formulation");
-const QLatin1String SettingsProfileName("system");
-
-constexpr double InitialTolerance = 1.0;
 
 /// Sets the plug-in's one view up when the host asks for it.
 class FormulationViewManager : public QObject, public IPluginViewManager
@@ -91,7 +85,9 @@ QString FormulationPlugin::GetPluginIcon()
 
 IMenuList* FormulationPlugin::CreatePluginMenu()
 {
-    return nullptr;
+    auto* const menu = new FormulationMenu(this);
+    menu->initMenuListBase(m_system);
+    return menu;
 }
 
 QObject* FormulationPlugin::CreateViewModel()
@@ -127,23 +123,40 @@ QString FormulationPlugin::dataFolder()
     return folder + QStringLiteral("/formulation");
 }
 
-QString FormulationPlugin::stored(Setting setting, const QString& defaultValue) const
-{
-    const QString owner = m_system->GetStatusInfo()->GetAddonText();
-    return m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName, defaultValue, setting);
-}
-
 bool FormulationPlugin::PostInitPlugin()
 {
-    InitializeProfile();
-    const QString recipe = stored(ChosenRecipe, QString());
-    const QString tolerance = stored(DefaultTolerance, QString::number(InitialTolerance));
-    const QString enforced = stored(ToleranceEnforced, QStringLiteral("true"));
-    SetProfileItem(ChosenRecipe, recipe, QString());
-    SetProfileItem(DefaultTolerance, tolerance.toDouble(), QString());
-    SetProfileItem(ToleranceEnforced, enforced != QLatin1String("false"), QString());
+    // The terminal hands the stored settings over after this, and asks the menu whether they are valid.
     m_store = std::make_unique<BatchStore>(dataFolder());
+    readRecipes();
     return true;
+}
+
+QVariant FormulationPlugin::setting(int id) const
+{
+    switch (id) {
+    case ChosenRecipe:
+        return chosenRecipe() != nullptr ? chosenRecipe()->name : QString();
+    case DefaultTolerance:
+        return m_defaultTolerance;
+    case ToleranceEnforced:
+        return m_toleranceEnforced;
+    default:
+        return QVariant();
+    }
+}
+
+QStringList FormulationPlugin::recipeNames() const
+{
+    QStringList names;
+    for (const Recipe& recipe : m_recipes.recipes) {
+        names.append(recipe.name);
+    }
+    return names;
+}
+
+bool FormulationPlugin::isRecipeFree() const
+{
+    return !isWorking() && !m_interrupted;
 }
 
 void FormulationPlugin::ApplyProfileItem(int id, QVariant value)
@@ -152,12 +165,9 @@ void FormulationPlugin::ApplyProfileItem(int id, QVariant value)
     case ChosenRecipe:
         m_chosenName = value.toString();
         break;
-    case DefaultTolerance: {
-        const double tolerance = value.toDouble();
-        m_defaultTolerance =
-            tolerance > 0.0 && tolerance <= RecipeFile::MaximumTolerance ? tolerance : InitialTolerance;
+    case DefaultTolerance:
+        m_defaultTolerance = value.toDouble();
         break;
-    }
     case ToleranceEnforced:
         m_toleranceEnforced = value.toBool();
         break;
@@ -264,9 +274,12 @@ void FormulationPlugin::readRecipes()
     if (!QFile::exists(file)) {
         file = QStringLiteral(":/formulation/recipes.json");
     }
+    const QStringList before = m_recipes.faults;
     m_recipes = RecipeFile::read(file, m_defaultTolerance);
-    for (const QString& fault : qAsConst(m_recipes.faults)) {
-        qWarning("%s", qUtf8Printable(fault));
+    if (m_recipes.faults != before) {
+        for (const QString& fault : qAsConst(m_recipes.faults)) {
+            qWarning("%s", qUtf8Printable(fault));
+        }
     }
     m_chosen = m_recipes.recipes.isEmpty() ? -1 : 0;
     for (int index = 0; index < m_recipes.recipes.size(); ++index) {
@@ -291,7 +304,7 @@ const Recipe* FormulationPlugin::shownRecipe() const
 
 void FormulationPlugin::choose(int recipe)
 {
-    if (isWorking() || m_interrupted || recipe < 0 || recipe >= m_recipes.recipes.size()) {
+    if (!isRecipeFree() || recipe < 0 || recipe >= m_recipes.recipes.size()) {
         return;
     }
     m_chosen = recipe;
@@ -340,9 +353,8 @@ QVariant FormulationPlugin::onStart(QVariant data)
     if (recipe == nullptr || isWorking()) {
         return false;
     }
-    const QString refusal = m_procedure->refusalOf(*recipe);
-    if (!refusal.isEmpty()) {
-        setMessage(Message::Text, refusal);
+    if (!m_procedure->refusalOf(*recipe).isEmpty()) {
+        setMessage(Message::Refused);
         return false;
     }
     Batch batch;
@@ -522,7 +534,7 @@ void FormulationPlugin::showPage()
         m_formulationModel->setTexts(
             tr("Batch %1 was interrupted").arg(batch.numberText()),
             tr("%1: %2 of %3 components are weighed in. Resume it, or discard it and keep its record.")
-                .arg(batch.recipe.name, QString::number(batch.nextComponent()),
+                .arg(shortName(batch.recipe.name), QString::number(batch.nextComponent()),
                      QString::number(batch.recipe.components.size())));
         m_formulationModel->setPage(FormulationViewModel::Interrupted);
         setActions({m_resumeAction, m_discardAction});
@@ -596,6 +608,10 @@ void FormulationPlugin::showMessage()
         break;
     case Message::Text:
         text = m_messageText;
+        severity = FormulationViewModel::Wrong;
+        break;
+    case Message::Refused:
+        text = chosenRecipe() != nullptr ? m_procedure->refusalOf(*chosenRecipe()) : QString();
         severity = FormulationViewModel::Wrong;
         break;
     case Message::Complete:

@@ -44,6 +44,12 @@ public:
     /// the folder of the environment variable `BRIMVALE_PLUGIN_DATA`, or the data folder of the application.
     static QString dataFolder();
 
+    /// The value of a setting that is in force.
+    QVariant setting(int id) const;
+    QStringList recipeNames() const;
+    /// Whether another recipe can be chosen: no batch is at work or waits to be resumed.
+    bool isRecipeFree() const;
+
     /// Shows the page, its keys and its texts.
     void showPage();
 
@@ -95,7 +101,8 @@ private:
     enum class Message
     {
         None,
-        Text, ///< of an error, in the language in which it came
+        Text,    ///< of an error, in the language in which it came
+        Refused, ///< The chosen recipe cannot be weighed in.
         Complete,
         Aborted,
         NothingWeighed,
@@ -115,7 +122,6 @@ private:
     void translateTexts();
     void setActions(const QList<Brimvale::ActionBase*>& actions);
     Brimvale::ActionBase* makeAction(const QString& uid, const char* worker);
-    QString stored(Setting setting, const QString& defaultValue) const;
     const Recipe* chosenRecipe() const;
     const Recipe* shownRecipe() const;
     int decimals() const;

@@ -96,7 +96,7 @@ Item {
             text: formulation.title
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
-            maximumLineCount: 2
+            maximumLineCount: message.visible ? 1 : 2
             elide: Text.ElideRight
             font.pixelSize: 22
             font.weight: Font.Medium
@@ -108,7 +108,7 @@ Item {
             text: formulation.text
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
-            maximumLineCount: 3
+            maximumLineCount: message.visible ? 2 : 3
             elide: Text.ElideRight
             font.pixelSize: 18
             color: screen.inkSoft

@@ -88,13 +88,13 @@ QString Procedure::refusalOf(const Recipe& recipe) const
     const double limit = capacity();
     if (recipe.total() > limit) {
         return tr("%1 cannot be weighed in: it needs %2, the scale goes up to %3.")
-            .arg(recipe.name, grams(recipe.total()), grams(limit));
+            .arg(shortName(recipe.name), grams(recipe.total()), grams(limit));
     }
     for (const Component& component : recipe.components) {
         if (lowestReading(component, decimals()) > highestReading(component, decimals())) {
             return tr("%1 cannot be weighed in: the scale shows no weight between %2 g and %3 g. Widen the "
                       "tolerance of the recipe.")
-                .arg(component.name, QString::number(component.lowerLimit()),
+                .arg(shortName(component.name), QString::number(component.lowerLimit()),
                      QString::number(component.upperLimit()));
         }
     }
@@ -372,7 +372,7 @@ void Procedure::tellDosing()
     } else if (m_phase == Refused) {
         const double deviation = *amount() - component.target;
         if (isWithinTolerance(component, *amount(), decimals())) {
-            instruction = tr("%1: within the tolerance now").arg(component.name);
+            instruction = tr("%1: within the tolerance now").arg(shortName(component.name));
             state = tr("Press Repeat");
         } else if (deviation > 0.0) {
             instruction = tr("Refused: %1 too much").arg(grams(deviation));
@@ -453,7 +453,7 @@ void Procedure::translate()
 
 void Procedure::translateStep(Step& step)
 {
-    const QString batch = tr("Batch %1: %2").arg(m_batch.numberText(), m_batch.recipe.name);
+    const QString batch = tr("Batch %1: %2").arg(m_batch.numberText(), shortName(m_batch.recipe.name));
     const int count = m_batch.recipe.components.size();
     if (step.id == VesselStep) {
         step.before.infoTextLine1 = tr("Put the empty vessel on the scale");
@@ -465,7 +465,7 @@ void Procedure::translateStep(Step& step)
             tr("%1, %2 of %3 components are weighed in: together with the vessel %4")
                 .arg(batch, QString::number(m_batch.nextComponent()), QString::number(count), grams(base()));
     } else if (step.id == FinishStep) {
-        step.before.infoTextLine1 = tr("%1 is complete").arg(m_batch.recipe.name);
+        step.before.infoTextLine1 = tr("%1 is complete").arg(shortName(m_batch.recipe.name));
         step.before.infoTextLine2 =
             count == 1 ? tr("1 component weighed in") : tr("%1 components weighed in").arg(count);
         step.before.rightButtonText = tr("Finish");
@@ -475,7 +475,7 @@ void Procedure::translateStep(Step& step)
         const Component& component = m_batch.recipe.components.at(index);
         step.before.infoTextLine1 = tr("Add %1 of %2").arg(grams(component.target), component.name);
         step.before.rightButtonText = tr("Accept");
-        step.after.infoTextLine1 = tr("%1 is weighed in").arg(component.name);
+        step.after.infoTextLine1 = tr("%1 is weighed in").arg(shortName(component.name));
         step.after.infoTextLine2 =
             tr("Component %1 of %2, target %3").arg(index + 1).arg(count).arg(grams(component.target));
         step.after.rightButtonText = index + 1 < count ? tr("Next component") : tr("Complete the batch");

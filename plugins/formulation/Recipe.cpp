@@ -124,6 +124,8 @@ private:
             fault(path + QStringLiteral("/name"), tr("the name has %1 characters; at most %2 are possible")
                                                       .arg(name.size())
                                                       .arg(RecipeFile::MaximumNameLength));
+        } else if (name.contains(QLatin1Char(';'))) {
+            fault(path + QStringLiteral("/name"), tr("a name cannot hold a semicolon; use a comma"));
         }
         return name;
     }
@@ -190,6 +192,12 @@ QString weightText(double grams, int decimals, bool sign)
     const double rounded = roundedWeight(grams, decimals);
     return (sign && rounded > 0.0 ? QStringLiteral("+") : QString())
            + QString::number(rounded, 'f', qMax(0, decimals));
+}
+
+QString shortName(const QString& name)
+{
+    constexpr int Maximum = 30;
+    return name.size() <= Maximum ? name : name.left(Maximum - 1).trimmed() + QChar(0x2026);
 }
 
 RecipeFile RecipeFile::read(const QString& fileName, double defaultTolerance)

@@ -34,6 +34,9 @@ double roundedWeight(double grams, int decimals);
 /// A weight with exactly that many decimal places; @p sign puts a plus sign before one that is greater than 0.
 QString weightText(double grams, int decimals, bool sign = false);
 
+/// The beginning of a name that is too long for a sentence, with an ellipsis; otherwise the name.
+QString shortName(const QString& name);
+
 /// The recipes of a file:
 ///
 ///     { "recipes": [ { "name": "Bread", "components": [

@@ -57,6 +57,25 @@
     </message>
 </context>
 <context>
+    <name>FormulationMenu</name>
+    <message>
+        <source>Recipe</source>
+        <translation>Rezept</translation>
+    </message>
+    <message>
+        <source>Default tolerance</source>
+        <translation>Standardtoleranz</translation>
+    </message>
+    <message>
+        <source>Refuse what is out of tolerance</source>
+        <translation>Ablehnen, was außer Toleranz ist</translation>
+    </message>
+    <message>
+        <source>Formulation</source>
+        <translation>Rezeptieren</translation>
+    </message>
+</context>
+<context>
     <name>FormulationPlugin</name>
     <message>
         <source>Print-outs</source>
@@ -428,6 +447,10 @@
     <message>
         <source>the name has %1 characters; at most %2 are possible</source>
         <translation>der Name hat %1 Zeichen; höchstens %2 sind möglich</translation>
+    </message>
+    <message>
+        <source>a name cannot hold a semicolon; use a comma</source>
+        <translation>ein Name kann kein Semikolon enthalten; nehmen Sie ein Komma</translation>
     </message>
     <message>
         <source>&quot;%1&quot; must be a number greater than 0, at most %2%3</source>

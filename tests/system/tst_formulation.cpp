@@ -19,6 +19,7 @@ private slots:
     void sameOutputEveryTime();
     void course_data();
     void course();
+    void settingsSurviveARestart();
     void recipeFile_data();
     void recipeFile();
     void killedInTheMiddle();
@@ -163,7 +164,7 @@ void TestFormulation::course_data()
                         const QByteArray& settings = QByteArray()) {
         QTest::newRow(name) << script << settings;
     };
-    const QByteArray notEnforced = "[user]\nsystem\\formulation\\3=false\n";
+    const QByteArray notEnforced = "[user]\nformulation\\%3A\\formulation\\menu.json\\3=false\n";
 
     row("all goes well", Begin + Flour + Sugar + End);
     row("accepted while unstable", Begin
@@ -268,6 +269,14 @@ void TestFormulation::course_data()
     row("closed at the end", Begin + Flour + Sugar
                                  + "press workflow.continue\nclose\nstart formulation\n"
                                    "expect action formulation.start enabled\n");
+    row("refusing switched off", Begin
+                                     + "open settings\nset item 3 off\nexpect item 3 Off\nclose settings\n"
+                                       "put on 110 g\n"
+                                     + Accept + "expect workflow Weighed in 110.0 g\n");
+    row("settings while a batch is at work", Begin
+                                                 + "open settings\nexpect item 1 Test\nexpect item 2 1.00 %\n"
+                                                   "screenshot settings.png\nclose settings\n"
+                                                 + Flour);
     row("discarded", Begin + Flour
                          + "close\nstart formulation\npress formulation.discard\n"
                            "expect action formulation.start enabled\npress formulation.start\n"
@@ -288,6 +297,31 @@ void TestFormulation::course()
     QVERIFY2(terminal.outputText().contains(QLatin1String(": all met\n"))
                  || terminal.outputText().contains(QLatin1String("expectation: met\n")),
              terminal.everything().constData());
+}
+
+void TestFormulation::settingsSurviveARestart()
+{
+    write(QStringLiteral("data/formulation/recipes.json"),
+          R"({ "recipes": [ { "name": "A", "components": [ { "name": "Flour", "target_g": 10 } ] },
+                            { "name": "B", "components": [ { "name": "Salt", "target_g": 20 } ] } ] })");
+    const QStringList settings{QStringLiteral("--settings"),
+                               m_folder->filePath(QStringLiteral("settings.ini"))};
+    const QByteArray start = "press formulation.start\nput on 200 g\nwait stable\nwait 1 s\n";
+    {
+        TerminalProcess terminal;
+        run(terminal,
+            arguments("wait stable\nopen settings\nexpect item 1 A\nexpect item 2 1.00 %\nexpect item 3 On\n"
+                      "set item 1 B\nset item 2 10\nclose settings\nexpect info Salt: 20.0 g\n"
+                      + start + "expect workflow 18.0 to 22.0 g\n")
+                + settings);
+        COMPARE_EXIT_CODE(terminal, 0);
+    }
+    TerminalProcess terminal;
+    run(terminal, arguments("wait stable\nopen settings\nexpect item 2 10.00 %\nclose settings\n"
+                            "press formulation.discard\nexpect info Salt: 20.0 g\n"
+                            + start + "expect workflow 18.0 to 22.0 g\n")
+                      + settings);
+    COMPARE_EXIT_CODE(terminal, 0);
 }
 
 void TestFormulation::recipeFile_data()
