@@ -141,6 +141,11 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     connect(&m_printIndicator, &PrintIndicator::litChanged, this, &Host::printIndicatorChanged);
     connect(&m_measurementTransfer, &MeasurementTransfer::transferred, this, &Host::transferred);
     connect(&m_measurementTransfer, &MeasurementTransfer::transferred, &m_protocol, &Protocol::onTransferred);
+    connect(&m_sequencer, &Sequencer::hostEvent, &m_protocol, [this](const QString& event) {
+        if (event == QLatin1String("printPressed")) {
+            m_protocol.onPrintReported();
+        }
+    });
     connect(&m_measurementObserver, &MeasurementObserver::registersRead, &m_protocol,
             &Protocol::onTransferFinished);
     connect(&m_measurementTransfer, &MeasurementTransfer::availabilityChanged, this,
@@ -253,6 +258,7 @@ bool Host::pressPrint()
                                        m_registerValueProvider.reading(ISystemRegister::GrossRegister),
                                        m_registerValueProvider.reading(ISystemRegister::TareRegister));
         m_protocol.onTransferFinished();
+        m_protocol.endRequest(); // if no output took it
         return true;
     }
     if (!m_plugins.isRunning()) {
@@ -262,6 +268,7 @@ bool Host::pressPrint()
     if (const auto exception = exceptionOf([plugin] { QMetaObject::invokeMethod(plugin, "onDoPrint"); })) {
         m_notices.postPluginFault(tr("The application failed at the print request: %1").arg(*exception));
     }
+    m_protocol.endRequest();
     return true;
 }
 

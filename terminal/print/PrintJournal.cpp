@@ -82,13 +82,15 @@ bool apply(const QJsonObject& line, QVector<StoredPrint>* prints)
 
 PrintJournal::PrintJournal(const QString& file)
     : m_file(file)
+    , m_lock(file + QStringLiteral(".lock"))
 {
+    m_lock.setStaleLockTime(0); // A terminal may run for days; the lock of one that has crashed is found out.
 }
 
 QVector<StoredPrint> PrintJournal::load()
 {
     QVector<StoredPrint> prints;
-    if (!isKept() || !m_file.exists())
+    if (!isKept() || !lock() || !m_file.exists())
         return prints;
     if (!m_file.open(QIODevice::ReadOnly)) {
         fail();
@@ -129,15 +131,17 @@ bool PrintJournal::setFailed(quint64 id, const QString& cause)
 
 bool PrintJournal::remove(quint64 id, bool isLast)
 {
-    if (!isLast || !isKept())
+    if (!isLast || !isKept() || !lock())
         return append({{Remove, numberText(id)}});
     return !m_file.exists() || m_file.remove() || fail();
 }
 
 bool PrintJournal::append(const QJsonObject& line)
 {
-    if (!isKept())
+    if (m_file.fileName().isEmpty())
         return true;
+    if (!lock())
+        return false;
     const QByteArray bytes = QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
         return fail();
@@ -149,6 +153,24 @@ bool PrintJournal::append(const QJsonObject& line)
     }
     m_file.close();
     return ok;
+}
+
+/// Makes the file this terminal's own.
+bool PrintJournal::lock()
+{
+    if (m_lock.isLocked())
+        return true;
+    if (!m_isOthers && m_lock.tryLock())
+        return true;
+    // Where no lock can be made no file can be written either, which is told then.
+    if (!m_isOthers && m_lock.error() != QLockFile::LockFailedError)
+        return true;
+    m_isOthers = true;
+    m_error =
+        tr("Another terminal keeps its print queue in %1: what this one cannot print is lost when it ends. "
+           "Give it settings of its own with --settings FILE.")
+            .arg(m_file.fileName());
+    return false;
 }
 
 bool PrintJournal::fail()

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QJsonObject>
+#include <QLockFile>
 #include <QString>
 #include <QVector>
 
@@ -29,7 +30,8 @@ struct StoredPrint
 ///
 /// Every change is a line of JSON at the end of the file, on the disk before the operation returns. A line that was
 /// being written when the power failed is ignored, so that the state before it holds. A queue without print-outs has
-/// no file.
+/// no file. Of several terminals with the same file the first keeps its print-outs in it: beside the file lies a lock
+/// until the terminal ends. The others read and write nothing.
 class PrintJournal
 {
     Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::PrintJournal)
@@ -39,7 +41,8 @@ public:
     /// @param file empty: nothing is kept, and every operation succeeds.
     explicit PrintJournal(const QString& file);
 
-    bool isKept() const { return !m_file.fileName().isEmpty(); }
+    /// There is a file, and no other terminal has it.
+    bool isKept() const { return !m_file.fileName().isEmpty() && !m_isOthers; }
 
     /// What is kept. A file that is no journal is put aside under another name and error() tells so; nothing is
     /// returned then.
@@ -54,11 +57,14 @@ public:
     QString error() const { return m_error; }
 
 private:
+    bool lock();
     bool append(const QJsonObject& line);
     bool fail();
     void putAside();
 
     QFile m_file;
+    QLockFile m_lock;
+    bool m_isOthers = false; ///< Another terminal uses the file.
     QString m_error;
 };
 

@@ -247,6 +247,12 @@ void PrintQueue::takeStep(Lane& lane)
     }
     if (lane.step == Step::Begin) {
         lane.awaits = true;
+        if (lane.device->printsAsAWhole() && position > 0) {
+            // Begun on another device, before a restart.
+            m_entries[index].printedBlocks = 0;
+            lane.device->begin(job, 0);
+            return;
+        }
         lane.device->begin(job, position);
         return;
     }

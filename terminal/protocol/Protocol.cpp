@@ -179,17 +179,36 @@ QString Protocol::nameOf(ProtocolPart part)
     return QString();
 }
 
+bool Protocol::isStartedByPrintKey() const
+{
+    return m_choice.trigger == printKeyUid() && !m_choice.items.isEmpty();
+}
+
 void Protocol::requestByPrintKey()
 {
-    m_requested = m_choice.trigger == printKeyUid() && !m_choice.items.isEmpty();
+    m_requested = isStartedByPrintKey();
 }
 
 void Protocol::onTransferred()
 {
-    if (!m_requested) {
+    if (m_requested) {
+        m_requested = false;
+        setDue();
+    }
+}
+
+void Protocol::onPrintReported()
+{
+    if (isStartedByPrintKey()) {
+        setDue();
+    }
+}
+
+void Protocol::setDue()
+{
+    if (m_due) {
         return;
     }
-    m_requested = false;
     m_due = true;
     // A plug-in that does not tell of the end of its transfer prints all the same.
     QTimer::singleShot(0, this, &Protocol::onTransferFinished);

@@ -113,10 +113,15 @@ public:
 
     // Triggers.
 
-    /// The print key asks for a transfer: the next one starts the protocol. The request ends with the application.
+    /// The print key asks for a transfer: the next one starts the protocol.
     void requestByPrintKey();
+    /// The print key has been answered. An application that transfers only later, such as when the weight is stable,
+    /// tells then that its transfer was asked for (onPrintReported()); one that has refused has nothing left to do.
+    void endRequest() { m_requested = false; }
     /// A measurement has been transferred.
     void onTransferred();
+    /// The application reports the transfer that it carries out as one that the print key asked for.
+    void onPrintReported();
     /// Everything that belongs to a transfer has been told: prints what the print key asked for.
     void onTransferFinished();
 
@@ -137,6 +142,8 @@ private:
     QString uidOf(const ITrigger* trigger) const;
     void onPoolChanged();
     void followTriggers();
+    bool isStartedByPrintKey() const;
+    void setDue();
     bool refuse(const QString& why);
 
     Environment m_environment;
@@ -154,8 +161,8 @@ private:
     ProtocolChoice m_choice;
     QVector<QPointer<QObject>> m_followed; ///< Triggers that this object listens to.
     QPointer<QObject> m_running;           ///< The trigger that was told to run.
-    bool m_requested = false;              ///< By the print key, and not transferred yet.
-    bool m_due = false;                    ///< Transferred, and not printed yet.
+    bool m_requested = false; ///< The print key is being pressed, and nothing was transferred yet.
+    bool m_due = false;       ///< Transferred, and not printed yet.
     bool m_printing = false;
 };
 

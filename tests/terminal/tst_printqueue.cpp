@@ -145,8 +145,16 @@ private slots:
     void keptFileThatIsNone();
     void keepingFails();
     void keepsEverythingOfAPrintOut();
+    void keptForOneTerminalOnly();
+    void beginsAnewOnADeviceThatPrintsAsAWhole();
 
 private:
+    /// Ends the terminal and starts it anew.
+    void restart(std::unique_ptr<PrintQueue>& queue)
+    {
+        queue.reset();
+        queue = makeQueue(true);
+    }
     std::unique_ptr<PrintQueue> makeQueue(bool kept = false)
     {
         auto queue = std::make_unique<PrintQueue>(m_clock, kept ? m_folder->filePath(QStringLiteral("queue"))
@@ -303,7 +311,7 @@ void TestPrintQueue::bootsAfterAFaultAtEveryBlock()
     usePrinter(*queue, asAWhole);
     m_paper.failBefore = block;
     QVERIFY(queue->submit(makeJob(QStringLiteral("A"), 5)));
-    queue = makeQueue(true);
+    restart(queue);
     QVERIFY(m_loaded);
     QCOMPARE(queue->count(), 1);
     QCOMPARE(queue->entries().at(0).state, State::Failed);
@@ -557,7 +565,7 @@ void TestPrintQueue::withoutAPrinterAfterARestart()
     usePrinter(*queue);
     queue->setFault(PrinterFault::Offline);
     QVERIFY(queue->submit(makeJob(QStringLiteral("A"))));
-    queue = makeQueue(true);
+    restart(queue);
     QVERIFY(queue->repeat());
     QCOMPARE(queue->failedCount(), 1);
     QVERIFY(queue->entries().at(0).cause.contains(QStringLiteral("--printer")));
@@ -613,7 +621,7 @@ void TestPrintQueue::keptWithoutEnd()
     QVERIFY(queue->submit(makeJob(QStringLiteral("B"))));
     emit printer->done();
     emit printer->done();
-    queue = makeQueue(true);
+    restart(queue);
     QCOMPARE(queue->count(), 2);
     QCOMPARE(queue->entries().at(0).printedBlocks, 1);
     QCOMPARE(queue->entries().at(0).cause,
@@ -645,7 +653,7 @@ void TestPrintQueue::keptFileWithHalfALine()
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write(whole.left(size));
         file.close();
-        queue = makeQueue(true);
+        restart(queue);
         QVERIFY2(m_loaded, qPrintable(m_loadError));
         QCOMPARE(queue->count(), size < firstLine ? 0 : 1);
         if (size >= firstLine) {
@@ -695,7 +703,7 @@ void TestPrintQueue::keepsEverythingOfAPrintOut()
     QVERIFY(queue->submit(job));
     const qint64 time = queue->entries().at(0).timeMs;
     QCOMPARE(time, m_clock.nowMs());
-    queue = makeQueue(true);
+    restart(queue);
     const PrintQueue::Entry entry = queue->entries().at(0);
     QCOMPARE(entry.title, job.title());
     QCOMPARE(entry.format, PrintFormat::Sics);
@@ -705,6 +713,52 @@ void TestPrintQueue::keepsEverythingOfAPrintOut()
     queue->setSicsOutput(std::make_unique<RecordingPrinter>(m_paper, false));
     QVERIFY(queue->repeat());
     QCOMPARE(queue->lastPrint(), job.text());
+}
+
+/// Two terminals with the same settings file.
+void TestPrintQueue::keptForOneTerminalOnly()
+{
+    auto first = makeQueue(true);
+    usePrinter(*first);
+    m_paper.failBefore = 2;
+    QVERIFY(first->submit(makeJob(QStringLiteral("A"))));
+    QFile file(journal());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray kept = file.readAll();
+
+    auto second = makeQueue(true);
+    QVERIFY(!m_loaded);
+    QVERIFY2(m_loadError.contains(journal()), qPrintable(m_loadError));
+    QVERIFY(!second->isKept());
+    QCOMPARE(second->count(), 0); // Nothing is printed twice.
+    Paper paper;
+    second->setPrinter(std::make_unique<RecordingPrinter>(paper, false));
+    QVERIFY(second->submit(makeJob(QStringLiteral("B"))));
+    QCOMPARE(paper.lines, linesOf(QStringLiteral("B"))); // It prints all the same.
+    QVERIFY(file.seek(0));
+    QCOMPARE(file.readAll(), kept);
+    QVERIFY(QFile::exists(journal())); // And takes nothing from the other.
+    second.reset();
+
+    restart(first);
+    QVERIFY2(m_loaded, qPrintable(m_loadError));
+    QCOMPARE(first->count(), 1);
+    QCOMPARE(first->entries().at(0).printedBlocks, 2);
+}
+
+void TestPrintQueue::beginsAnewOnADeviceThatPrintsAsAWhole()
+{
+    auto queue = makeQueue(true);
+    usePrinter(*queue);
+    m_paper.failBefore = 2;
+    QVERIFY(queue->submit(makeJob(QStringLiteral("A"))));
+    QCOMPARE(queue->entries().at(0).printedBlocks, 2);
+    restart(queue);
+    Paper file;
+    queue->setPrinter(std::make_unique<RecordingPrinter>(file, true));
+    QVERIFY(queue->repeat());
+    QCOMPARE(file.lines, linesOf(QStringLiteral("A")));
+    QCOMPARE(queue->count(), 0);
 }
 
 QTEST_MAIN(TestPrintQueue)

@@ -138,6 +138,9 @@ private slots:
     void printKeyWithoutItemsOnlyTransfers();
     void anotherTriggerLeavesThePrintKeyToTheTransfer();
     void aTransferWithoutARequestPrintsNothing();
+    void aRefusedRequestIsForgotten();
+    void aLaterTransferIsReported_data();
+    void aLaterTransferIsReported();
 
     void theChosenTriggerRunsAndStartsTheProtocol();
     void aTriggerThatIsNotReadyStartsNothing_data();
@@ -604,6 +607,47 @@ void tst_Protocol::aTransferWithoutARequestPrintsNothing()
     transfer();
     transfer();
     QCOMPARE(m_jobs.size(), 1);
+}
+
+void tst_Protocol::aRefusedRequestIsForgotten()
+{
+    add("a");
+    choose(uids("a"));
+    protocol().requestByPrintKey();
+    protocol().endRequest(); // without a transfer
+    transfer();
+    QCoreApplication::processEvents();
+    QCOMPARE(m_jobs.size(), 0);
+}
+
+void tst_Protocol::aLaterTransferIsReported_data()
+{
+    QTest::addColumn<QString>("trigger");
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<int>("printed");
+    QTest::newRow("print key") << Protocol::printKeyUid() << QStringLiteral("printPressed") << 1;
+    QTest::newRow("another event") << Protocol::printKeyUid() << QStringLiteral("opened") << 0;
+    QTest::newRow("another trigger") << QStringLiteral("terminal.loadChange")
+                                     << QStringLiteral("printPressed") << 0;
+}
+
+/// The application has waited for a stable weight.
+void tst_Protocol::aLaterTransferIsReported()
+{
+    QFETCH(QString, trigger);
+    QFETCH(QString, event);
+    QFETCH(int, printed);
+    add("a");
+    choose(uids("a"), ProtocolPart::Whole, trigger);
+    protocol().requestByPrintKey();
+    protocol().endRequest();
+    protocol().onTransferred();
+    m_fixture->host->sequencer().NotifyHostEvent(event);
+    QCOMPARE(m_jobs.size(), 0); // It follows the transfer.
+    protocol().onTransferFinished();
+    QCOMPARE(m_jobs.size(), printed);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_jobs.size(), printed);
 }
 
 void tst_Protocol::theChosenTriggerRunsAndStartsTheProtocol()

@@ -949,6 +949,10 @@
         <source>%1 holds no print queue. It was renamed to %2, and the queue begins empty.</source>
         <translation>%1 enthält keine Druckwarteschlange. Die Datei wurde in %2 umbenannt, und die Warteschlange beginnt leer.</translation>
     </message>
+    <message>
+        <source>Another terminal keeps its print queue in %1: what this one cannot print is lost when it ends. Give it settings of its own with --settings FILE.</source>
+        <translation>Ein anderes Terminal hält seine Druckaufträge in %1: was dieses nicht drucken kann, ist verloren, wenn es endet. Geben Sie ihm mit --settings DATEI eigene Einstellungen.</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::PrintQueue</name>
