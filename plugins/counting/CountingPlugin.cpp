@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "CountingPlugin.h"
 
+#include "CountingMenu.h"
 #include "CountingProtocol.h"
-#include "CountingViewManager.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -27,9 +27,6 @@ namespace
 {
 
 constexpr int GramUnit = 0; // as GetMesswert() takes it
-
-/// What a reference should be good for when there is no target.
-constexpr int UsualCount = 100;
 
 /// The parts that were added may differ from a whole number of them by no more than this.
 constexpr double LargestFraction = 0.25;
@@ -93,7 +90,10 @@ QString CountingPlugin::GetPluginIcon()
 
 IMenuList* CountingPlugin::CreatePluginMenu()
 {
-    return nullptr; // there is no menu of its own
+    auto* const menu = new CountingMenu(*m_settingsProfile, *this, m_settings, this);
+    menu->initMenuListBase(m_system);
+    connect(menu, &CountingMenu::deleteReferenceRequested, this, &CountingPlugin::onDeleteReference);
+    return menu;
 }
 
 QObject* CountingPlugin::CreateViewModel()
@@ -114,14 +114,24 @@ QString CountingPlugin::GetPluginScreen()
 
 IPluginViewManager* CountingPlugin::CreateViewManager()
 {
-    return new CountingViewManager(m_model);
+    return nullptr; // there is one view only
 }
 
 void CountingPlugin::ApplyProfileItem(int id, QVariant value)
 {
-    // The settings are entered on the screen and kept in a file of their own, beside the reference.
-    Q_UNUSED(id)
-    Q_UNUSED(value)
+    switch (id) {
+    case CountingMenu::UsualCount:
+        m_usualCount = value.toInt();
+        break;
+    case CountingMenu::OptimiseByItself:
+        m_optimisesByItself = value.toBool();
+        break;
+    default:
+        return;
+    }
+    if (m_model != nullptr) {
+        onNewMeasurementValue();
+    }
 }
 
 // Life cycle -------------------------------------------------------------------------------------------------------
@@ -217,6 +227,9 @@ void CountingPlugin::onNewMeasurementValue()
     m_grams = registers->GetMesswert(GramUnit, ISystemRegister::CurrentRegister);
     if (wasStable && !m_current.isStable) {
         m_model->clearEvent();
+    }
+    if (m_optimisesByItself) {
+        optimiseByItself();
     }
     const MesswertData count = countReading();
     showReading(count);
@@ -333,7 +346,7 @@ void CountingPlugin::showAccuracy(const MesswertData& count)
     // The target is what will be counted.
     const int target = m_settings.value(CountingSettings::Target);
     const qint64 planned =
-        target > 0 ? qint64(target) + m_settings.value(CountingSettings::Tolerance) : UsualCount;
+        target > 0 ? qint64(target) + m_settings.value(CountingSettings::Tolerance) : m_usualCount;
     const int pieces =
         static_cast<int>(qBound(qAbs(qint64(count.value)), planned, qint64(PieceReference::LargestCount)));
     if (rightUpTo >= pieces) {
@@ -419,27 +432,68 @@ QVariant CountingPlugin::onOptimise(QVariant data)
     if (!isWeightReady()) {
         return false;
     }
-    const PieceReference& reference = m_settings.reference();
-    if (!reference.isValid()) {
-        m_model->setEvent(CountingViewModel::ReferenceNeeded);
+    const PieceReference better = betterReference();
+    QStringList details;
+    const CountingViewModel::State state = optimisation(better, &details);
+    if (state != CountingViewModel::Optimised) {
+        m_model->setEvent(state, details);
         return false;
     }
+    takeReference(better, state);
+    return true;
+}
+
+/// The parts on the scale as a reference: as many as they are counted.
+PieceReference CountingPlugin::betterReference() const
+{
     const ShownWeight weight = ShownWeight::ofGrams(m_grams);
-    const PieceCount count = reference.count(weight);
-    const int rightUpTo = reference.rightUpTo(weight.decimals);
-    if (rightUpTo <= reference.parts()) {
-        m_model->setEvent(CountingViewModel::NotOptimisable);
-    } else if (count.pieces <= reference.parts()) {
-        m_model->setEvent(CountingViewModel::MoreNeeded, {QString::number(reference.parts())});
-    } else if (count.pieces > rightUpTo) {
-        m_model->setEvent(CountingViewModel::AddedTooMany, {QString::number(rightUpTo - reference.parts())});
-    } else if (std::abs(count.exact - count.pieces) > LargestFraction) {
-        m_model->setEvent(CountingViewModel::NotWhole, {QString::number(count.exact, 'f', 2)});
-    } else {
-        takeReference(PieceReference(weight, count.pieces), CountingViewModel::Optimised);
-        return true;
+    const PieceReference& reference = m_settings.reference();
+    return reference.isValid() ? PieceReference(weight, reference.count(weight).pieces) : PieceReference();
+}
+
+/// `Optimised` when they are indeed better than the present reference, otherwise why not.
+CountingViewModel::State CountingPlugin::optimisation(const PieceReference& better,
+                                                      QStringList* details) const
+{
+    const PieceReference& reference = m_settings.reference();
+    if (!reference.isValid()) {
+        return CountingViewModel::ReferenceNeeded;
     }
-    return false;
+    const int rightUpTo = reference.rightUpTo(better.weight().decimals);
+    if (rightUpTo <= reference.parts()) {
+        return CountingViewModel::NotOptimisable;
+    }
+    if (better.parts() <= reference.parts()) {
+        *details = QStringList(QString::number(reference.parts()));
+        return CountingViewModel::MoreNeeded;
+    }
+    if (better.parts() > rightUpTo) {
+        *details = QStringList(QString::number(rightUpTo - reference.parts()));
+        return CountingViewModel::AddedTooMany;
+    }
+    const double exact = reference.count(better.weight()).exact;
+    if (std::abs(exact - better.parts()) > LargestFraction) {
+        *details = QStringList(QString::number(exact, 'f', 2));
+        return CountingViewModel::NotWhole;
+    }
+    return CountingViewModel::Optimised;
+}
+
+void CountingPlugin::optimiseByItself()
+{
+    QStringList details;
+    const PieceReference better = betterReference();
+    if (m_current.isValid && m_current.isStable
+        && optimisation(better, &details) == CountingViewModel::Optimised) {
+        takeReference(better, CountingViewModel::Optimised);
+    }
+}
+
+void CountingPlugin::onDeleteReference()
+{
+    if (m_model != nullptr) {
+        takeReference(PieceReference(), CountingViewModel::ReferenceDeleted);
+    }
 }
 
 QVariant CountingPlugin::onNextParts(QVariant data)

@@ -22,7 +22,8 @@ class CountingProtocol;
 /// Counts parts by their weight: a reference of counted parts gives the piece weight, every other net weight is that many
 /// pieces. The print key hands the count to the outputs.
 ///
-/// Settings and reference are kept in `counting/counting.ini` below the folder that the environment variable
+/// The settings of the menu (see CountingMenu) are the terminal's to keep. What is entered on the screen and the reference
+/// are kept in `counting/counting.ini` below the folder that the environment variable
 /// BRIMVALE_PLUGIN_DATA names, or else below `plugins` in the application's data folder
 /// (`~/.local/share/brimvale-terminal/plugins` on a desktop).
 class CountingPlugin : public Brimvale::PluginBase
@@ -66,6 +67,7 @@ protected:
 private slots:
     void onNewMeasurementValue();
     void onSettingsChanged();
+    void onDeleteReference();
 
     // The workers of the actions: one argument and one result, both QVariant.
     QVariant onZero(QVariant data);
@@ -83,12 +85,17 @@ private:
     void showAccuracy(const Brimvale::MesswertData& count);
     void servePrintRequest(const Brimvale::MesswertData& count);
     bool isWeightReady();
+    CountingViewModel::State optimisation(const PieceReference& better, QStringList* details) const;
+    PieceReference betterReference() const;
+    void optimiseByItself();
     void takeReference(const PieceReference& reference, CountingViewModel::State told);
     void translateTexts();
     Brimvale::ActionBase* makeAction(const QString& uid, const char* worker);
 
     CountingSettings m_settings;
     bool m_areSettingsKept = true;
+    int m_usualCount = 100;
+    bool m_optimisesByItself = false;
     std::unique_ptr<CountingProtocol> m_protocol;
     Brimvale::MesswertData m_current; ///< the net weight in the unit of the display
     Brimvale::MesswertData m_grams;   ///< the same in grams

@@ -102,6 +102,9 @@ bool CountingSettings::save(const QString& fileName) const
     if (m_reference.isValid()) {
         file.setValue(ReferenceWeightKey, m_reference.weight().toText());
         file.setValue(ReferencePartsKey, m_reference.parts());
+    } else {
+        file.remove(ReferenceWeightKey);
+        file.remove(ReferencePartsKey);
     }
     file.sync();
     return file.status() == QSettings::NoError;

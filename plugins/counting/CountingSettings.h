@@ -7,7 +7,7 @@
 #include <QCoreApplication>
 #include <QString>
 
-/// What the person enters (the parts of a reference, the target and its tolerance) and the reference, as they are kept.
+/// What the person enters on the screen (the parts of a reference, the target and its tolerance) and the reference, as they are kept.
 /// Every value is within its range always.
 class CountingSettings
 {

@@ -196,6 +196,7 @@ CountingViewModel::Kind CountingViewModel::stateKind() const
     case Nothing:
     case NoReference:
     case Right:
+    case ReferenceDeleted:
     case TargetTaken:
     case TargetTakenBack:
         return Plain;
@@ -250,6 +251,8 @@ QString CountingViewModel::stateText() const
         return tr("Reference taken: %1 pcs, %2 each").arg(first, second);
     case Optimised:
         return tr("Reference optimised: %1 pcs").arg(first);
+    case ReferenceDeleted:
+        return tr("Reference deleted");
     case NotStable:
         return tr("Not taken: wait until the weight is stable");
     case NoWeight:

@@ -43,8 +43,9 @@ public:
         TooFew,      ///< so small that it cannot be optimised: [error], at [count]; [parts] are needed
         TooLight,    ///< the parts are, for this scale: [error], at [count]
         // What happened last.
-        ReferenceTaken,  ///< [parts], [piece weight]
-        Optimised,       ///< the reference was: [parts]
+        ReferenceTaken, ///< [parts], [piece weight]
+        Optimised,      ///< the reference was: [parts]
+        ReferenceDeleted,
         NotStable,       ///< not done for this reason
         NoWeight,        ///< not done for this reason
         NoCount,         ///< not done for this reason

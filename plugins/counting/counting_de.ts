@@ -3,6 +3,29 @@
 <!-- SPDX-License-Identifier: BSD-3-Clause -->
 <TS version="2.1" language="de">
 <context>
+    <name>CountingMenu</name>
+    <message>
+        <source>Usual count</source>
+        <translation>Übliche Stückzahl</translation>
+    </message>
+    <message>
+        <source>Optimise by itself</source>
+        <translation>Von selbst optimieren</translation>
+    </message>
+    <message>
+        <source>Delete reference</source>
+        <translation>Referenz löschen</translation>
+    </message>
+    <message>
+        <source>Delete the reference?</source>
+        <translation>Die Referenz löschen?</translation>
+    </message>
+    <message>
+        <source>Counting</source>
+        <translation>Stückzählen</translation>
+    </message>
+</context>
+<context>
     <name>CountingPlugin</name>
     <message>
         <source>Print-outs</source>
@@ -175,6 +198,10 @@
     <message>
         <source>Reference optimised: %1 pcs</source>
         <translation>Referenz optimiert: %1 Stk</translation>
+    </message>
+    <message>
+        <source>Reference deleted</source>
+        <translation>Referenz gelöscht</translation>
     </message>
     <message>
         <source>Not taken: wait until the weight is stable</source>

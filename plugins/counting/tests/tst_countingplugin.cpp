@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include "CountingMenu.h"
 #include "CountingPlugin.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTranslator>
 #include <QtTest>
 
 #include <IAction.h>
+#include <IMenuList.h>
 #include <IPrintableItem.h>
 #include <ISystemRegister.h>
 #include <TestKit/RecordingHost.h>
@@ -61,6 +66,9 @@ private slots:
     void optimises();
     void optimisingIsRefused_data();
     void optimisingIsRefused();
+    void optimisesByItself();
+    void doesNotOptimiseByItself_data();
+    void doesNotOptimiseByItself();
     void targetFromTheCount();
     void targetIsRefused_data();
     void targetIsRefused();
@@ -76,6 +84,11 @@ private slots:
     void showsOtherUnits();
     void partsKey_data();
     void partsKey();
+    void menuFileAndMenuAgree();
+    void menuValues_data();
+    void menuValues();
+    void usualCount();
+    void deletesTheReference();
     void numberPad_data();
     void numberPad();
     void padIsClosed();
@@ -109,6 +122,12 @@ private:
         model()->chooseParts(parts);
         weigh(grams);
         QVERIFY(m_host->pressAction("counting.reference"));
+    }
+    /// Sets an item of the menu as the terminal does once the plug-in runs.
+    void set(int item, const QVariant& value)
+    {
+        m_plugin->InitializeProfile();
+        QVERIFY(m_plugin->GetPluginMenu()->SetItemValue(item, value));
     }
     QStringList infos() const;
     QStringList printed();
@@ -379,6 +398,48 @@ void TestCountingPlugin::optimisingIsRefused()
     QCOMPARE(infos().at(1), isRefused ? QStringLiteral("%1 pcs").arg(parts) : QStringLiteral("15 pcs"));
 }
 
+void TestCountingPlugin::optimisesByItself()
+{
+    start();
+    takeReference(53.2, 10);
+    weigh(106.4);
+    QCOMPARE(infos().at(1), QStringLiteral("10 pcs"));
+    set(CountingMenu::OptimiseByItself, true); // the parts are there already
+    QCOMPARE(infos().at(1), QStringLiteral("20 pcs"));
+    weigh(reading(159.6, false));
+    QCOMPARE(infos().at(1), QStringLiteral("20 pcs"));
+    weigh(159.6);
+    QCOMPARE(infos().at(1), QStringLiteral("30 pcs"));
+    QCOMPARE(model()->stateText(), QStringLiteral("Reference optimised: 30 pcs"));
+    set(CountingMenu::OptimiseByItself, false);
+    weigh(212.8);
+    QCOMPARE(infos().at(1), QStringLiteral("30 pcs"));
+}
+
+void TestCountingPlugin::doesNotOptimiseByItself_data()
+{
+    QTest::addColumn<MesswertData>("weight");
+    QTest::newRow("not stable") << reading(10.0, false);
+    QTest::newRow("no whole number") << reading(7.3);
+    QTest::newRow("too many at once") << reading(14.5);
+    QTest::newRow("taken off") << reading(2.5);
+    QTest::newRow("negative") << reading(-10.0);
+    QTest::newRow("overload") << noWeight("Overload");
+}
+
+void TestCountingPlugin::doesNotOptimiseByItself()
+{
+    QFETCH(MesswertData, weight);
+    start();
+    set(CountingMenu::OptimiseByItself, true);
+    weigh(weight); // without a reference neither
+    QCOMPARE(infos().at(1), QStringLiteral("–"));
+    takeReference(5.0, 10);
+    weigh(weight);
+    QCOMPARE(infos().at(1), QStringLiteral("10 pcs"));
+    QVERIFY(model()->stateKind() != CountingViewModel::Wrong); // nobody has pressed a key
+}
+
 // Target -----------------------------------------------------------------------------------------------------------
 
 void TestCountingPlugin::targetFromTheCount()
@@ -598,6 +659,81 @@ void TestCountingPlugin::partsKey()
              QStringLiteral("Put the counted parts on the scale (%1 pcs), then press Reference").arg(next));
 }
 
+void TestCountingPlugin::menuFileAndMenuAgree()
+{
+    QFile file(QStringLiteral(COUNTING_MENU));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    IMenuList* const menu = m_plugin->GetPluginMenu();
+    QCOMPARE(menu->GetMenuFilePath(), QStringLiteral(":/counting/menu.json"));
+    const QJsonArray items =
+        QJsonDocument::fromJson(file.readAll()).object().value(QStringLiteral("items")).toArray();
+    QList<int> ids;
+    for (const QJsonValue& item : items) {
+        const int id = item[QStringLiteral("id")].toInt();
+        ids.append(id);
+        if (item[QStringLiteral("kind")] != QStringLiteral("command")) {
+            QVERIFY(menu->IsItemValueValid(id, item[QStringLiteral("default")].toVariant()));
+        }
+    }
+    QCOMPARE(ids, QList<int>({CountingMenu::UsualCount, CountingMenu::OptimiseByItself,
+                              CountingMenu::DeleteReference}));
+}
+
+void TestCountingPlugin::menuValues_data()
+{
+    QTest::addColumn<int>("item");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("usual count") << int(CountingMenu::UsualCount) << QVariant(500) << true;
+    QTest::newRow("usual count of none") << int(CountingMenu::UsualCount) << QVariant(0) << false;
+    QTest::newRow("largest usual count") << int(CountingMenu::UsualCount) << QVariant(999999999) << true;
+    QTest::newRow("too large") << int(CountingMenu::UsualCount) << QVariant(1000000000) << false;
+    QTest::newRow("a word") << int(CountingMenu::UsualCount) << QVariant(QStringLiteral("many")) << false;
+    QTest::newRow("by itself") << int(CountingMenu::OptimiseByItself) << QVariant(true) << true;
+    QTest::newRow("a command has no value") << int(CountingMenu::DeleteReference) << QVariant(true) << false;
+    QTest::newRow("no such item") << 99 << QVariant(1) << false;
+}
+
+void TestCountingPlugin::menuValues()
+{
+    QFETCH(int, item);
+    QFETCH(QVariant, value);
+    QFETCH(bool, accepted);
+    IMenuList* const menu = m_plugin->GetPluginMenu();
+    QCOMPARE(menu->IsItemValueValid(item, value), accepted);
+    QCOMPARE(menu->SetItemValue(item, value), accepted);
+    QCOMPARE(menu->GetItemValue(item), accepted ? value : QVariant());
+}
+
+void TestCountingPlugin::usualCount()
+{
+    start();
+    takeReference(53.2, 10);
+    weigh(reading(53.2, false));
+    QCOMPARE(model()->stateText(), QStringLiteral("Counts are right up to 325 pcs"));
+    set(CountingMenu::UsualCount, 326);
+    QCOMPARE(model()->stateKind(), CountingViewModel::Attention);
+    model()->change(CountingSettings::Target, 50); // counts in its place
+    QCOMPARE(model()->stateText(), QStringLiteral("Counts are right up to 325 pcs"));
+}
+
+void TestCountingPlugin::deletesTheReference()
+{
+    start();
+    IMenuList* const menu = m_plugin->GetPluginMenu();
+    QVERIFY(!menu->IsItemEnabled(CountingMenu::DeleteReference, nullptr));
+    takeReference(53.2, 10);
+    QVERIFY(menu->IsItemEnabled(CountingMenu::DeleteReference, nullptr));
+    menu->ExecuteCommand(CountingMenu::DeleteReference, nullptr);
+    QCOMPARE(model()->stateText(), QStringLiteral("Reference deleted"));
+    QCOMPARE(display()->messwert(), QStringLiteral("53.2"));
+    CountingSettings kept;
+    QVERIFY(kept.load(CountingPlugin::fileName()));
+    QVERIFY(!kept.reference().isValid());
+    QVERIFY(m_host->close(*m_plugin));
+    menu->ExecuteCommand(CountingMenu::DeleteReference, nullptr); // not running: nothing happens
+}
+
 void TestCountingPlugin::numberPad_data()
 {
     QTest::addColumn<int>("id");
@@ -665,9 +801,6 @@ void TestCountingPlugin::padIsClosed()
     QVERIFY(!model()->editing());
     model()->openEntry(CountingSettings::Target);
     QVERIFY(m_host->pressAction("counting.reference")); // its message must be seen
-    QVERIFY(!model()->editing());
-    model()->openEntry(CountingSettings::Target);
-    QVERIFY(m_plugin->SetupView());
     QVERIFY(!model()->editing());
     model()->openEntry(CountingSettings::Count); // there is no such value
     QVERIFY(!model()->editing());
