@@ -554,6 +554,8 @@ void Session::updateBenchTransfer()
     const bool own = detector == m_host->automaticTransfer().detector();
     if (own)
         state.decision = transfer.decision();
+    else if (transfer.isLeftToApplication())
+        state.decision = tr("The terminal leaves it to the application");
     state.owner = own ? tr("Terminal") : m_host->plugins().activeName();
     state.decimals = m_scale.decimals();
     state.reason = monitor.reasonText();

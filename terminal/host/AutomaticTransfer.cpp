@@ -88,6 +88,12 @@ QString AutomaticTransfer::faultOf(const AutomaticTransferSettings& settings) co
                      .arg(m_scale.format(m_scale.upperLimitDigits()));
 }
 
+bool AutomaticTransfer::isLeftToApplication() const
+{
+    return m_settings.mode != AutomaticTransferSettings::Off && m_applicationDetects
+           && m_applicationDetects();
+}
+
 unsigned long AutomaticTransfer::range() const
 {
     const double range = m_settings.isPercent()
@@ -145,8 +151,12 @@ void AutomaticTransfer::decide(int counter, double digits)
     } else {
         m_decision = tr("%1 transferred").arg(weight);
     }
-    const bool due = heavy && available;
-    if (due || !m_settings.isFixed()) {
+    const bool accepted = heavy && available;
+    const bool due = accepted && !isLeftToApplication();
+    if (accepted && !due) {
+        m_decision = tr("%1 left to the application").arg(weight);
+    }
+    if (accepted || !m_settings.isFixed()) {
         m_detector.ResetTrigger();
         m_detector.onLoadChanged(counter, digits);
     }

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace Brimvale
 {
 
@@ -53,6 +55,8 @@ struct AutomaticTransferSettings
 ///
 /// Fixed: the first stable weight above the minimum load is the reference, as a pattern, and is not transferred. What
 /// leaves its band triggers, and the next stable weight that lies in the band again is transferred.
+///
+/// While the running application detects changes of load by itself, nothing is transferred; the band follows the weight.
 class AutomaticTransfer : public QObject
 {
     Q_OBJECT
@@ -70,6 +74,12 @@ public:
     /// tells what is wrong and what would be right.
     bool setSettings(const AutomaticTransferSettings& settings, QString* error = nullptr);
     const AutomaticTransferSettings& settings() const { return m_settings; }
+
+    /// @p detects tells whether the running application has a load-change detector of its own at work. The terminal then
+    /// leaves the transfer to it, since both would transfer the same load.
+    void setApplicationDetects(std::function<bool()> detects) { m_applicationDetects = std::move(detects); }
+    /// It is switched on, but the application detects by itself.
+    bool isLeftToApplication() const;
 
     LoadChange* detector() { return &m_detector; }
     /// What became of the last stable weight after a trigger; empty: there was none yet.
@@ -94,6 +104,7 @@ private:
     AutomaticTransferSettings m_settings;
     LoadChange m_detector;
     QString m_decision;
+    std::function<bool()> m_applicationDetects;
 };
 
 } // namespace Terminal

@@ -118,6 +118,7 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     , m_automaticTransfer(m_weighing, m_systemRegisters.unlogged(), scale)
     , m_loadChangeMonitor(m_weighing, scale, [this] { return shownDetector(); })
 {
+    m_automaticTransfer.setApplicationDetects([this] { return applicationDetector() != nullptr; });
     m_menuList.initMenuListBase(&m_system);
     m_protocolMenuFactory.setProtocol(&m_protocol);
 
@@ -392,6 +393,12 @@ void Host::updateModels()
 
 LoadChange* Host::shownDetector()
 {
+    LoadChange* const own = applicationDetector();
+    return own ? own : m_automaticTransfer.detector();
+}
+
+LoadChange* Host::applicationDetector() const
+{
     if (QObject* const plugin = m_plugins.activeObject()) {
         const QList<QObject*> objects = QList<QObject*>{plugin} + m_view.publishedObjects();
         for (QObject* const object : objects) {
@@ -403,7 +410,7 @@ LoadChange* Host::shownDetector()
             }
         }
     }
-    return m_automaticTransfer.detector();
+    return nullptr;
 }
 
 void Host::onPrintButtonEnableChange(bool enable)

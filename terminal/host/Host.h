@@ -209,6 +209,8 @@ private:
     void updatePrintEnabled();
     void onWorkflowChanged();
     void onTransferAvailabilityChanged();
+    /// The detector at work that the running application has of its own; null for none.
+    LoadChange* applicationDetector() const;
     LoadChange* shownDetector();
     void disconnectServices(QObject* receiver);
 

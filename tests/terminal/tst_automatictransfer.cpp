@@ -46,6 +46,7 @@ private slots:
     void aPulledCableNeverTriggers_data();
     void aPulledCableNeverTriggers();
     void newSettingsBeginAnew();
+    void leftToTheApplication();
     void withoutAnOutputTheReasonIsTold();
 
 private:
@@ -259,6 +260,24 @@ void tst_AutomaticTransfer::newSettingsBeginAnew()
     QCOMPARE(transfer().detector()->mode(), ILoadChange::Percent);
     m_fixture->settle(0.0);
     QCOMPARE(transfer().decision(), QStringLiteral("0.0 g not transferred: not above the minimum load"));
+}
+
+void tst_AutomaticTransfer::leftToTheApplication()
+{
+    bool detects = true;
+    transfer().setApplicationDetects([&detects] { return detects; });
+    QVERIFY(!transfer().isLeftToApplication()); // it is off
+    QVERIFY(set(Mode::Absolute, 5.0));
+    QVERIFY(transfer().isLeftToApplication());
+    m_fixture->settle(100.0);
+    QCOMPARE(transferred(), QString());
+    QCOMPARE(transfer().decision(), QStringLiteral("100.0 g left to the application"));
+    // The load that lies there is not made up for.
+    detects = false;
+    m_fixture->settle(100.0);
+    QCOMPARE(transferred(), QString());
+    m_fixture->settle(200.0);
+    QCOMPARE(transferred(), QStringLiteral("200.0"));
 }
 
 void tst_AutomaticTransfer::withoutAnOutputTheReasonIsTold()

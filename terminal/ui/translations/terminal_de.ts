@@ -352,6 +352,10 @@
         <source>%1 transferred</source>
         <translation>%1 übernommen</translation>
     </message>
+    <message>
+        <source>%1 left to the application</source>
+        <translation>%1 der Anwendung überlassen</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::CalibrationService</name>
@@ -1346,6 +1350,10 @@
     <message>
         <source>Unit</source>
         <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>The terminal leaves it to the application</source>
+        <translation>Das Terminal überlässt es der Anwendung</translation>
     </message>
 </context>
 <context>
