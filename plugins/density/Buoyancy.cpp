@@ -2,6 +2,7 @@
 #include "Buoyancy.h"
 
 #include <Formula.h>
+#include <UnitConverter.h>
 #include <cmath>
 
 using namespace Brimvale;
@@ -67,8 +68,13 @@ MesswertData Buoyancy::corrected(const MesswertData& reading, double factor)
         result.isValid = false;
         return result;
     }
-    result.value = rounded(reading.value * factor, shownDecimals(reading));
-    result.messwert = shown(result.value, shownDecimals(reading));
+    const double value = rounded(reading.value * factor, shownDecimals(reading));
+    if (UnitConverter().GetValueString(value, shownDecimals(reading), 0) == QLatin1String("OF")) {
+        result.isValid = false; // it does not fit the display any more
+        return result;
+    }
+    result.value = value;
+    result.messwert = shown(value, shownDecimals(reading));
     result.isCalculated = true;
     return result;
 }

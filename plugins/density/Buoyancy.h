@@ -25,7 +25,8 @@ double factor(double airDensity, double sampleDensity, double weightsDensity);
 bool isWeight(const Brimvale::MesswertData& reading);
 
 /// A reading times the factor, with as many decimal places as the reading is shown with, marked as calculated. A reading
-/// without a weight comes back as it is, and so does every reading when the factor is 0: as not valid then.
+/// without a weight comes back as it is; so does every reading when the factor is 0, and one that does not fit the display when
+/// it is corrected: as not valid then.
 Brimvale::MesswertData corrected(const Brimvale::MesswertData& reading, double factor);
 
 /// The difference of the two values as they are shown, with its sign.

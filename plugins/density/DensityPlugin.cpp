@@ -79,7 +79,13 @@ IMenuList* DensityPlugin::CreatePluginMenu()
 
 QObject* DensityPlugin::CreateViewModel()
 {
+    // What is kept is there before the screen reads it.
+    m_parameters = Parameters();
+    const bool isRead = m_parameters.load(fileName());
     m_model = new DensityViewModel(&m_parameters); // without a parent: the base deletes it at the close
+    if (!isRead) {
+        m_model->setState(DensityViewModel::NotRead, fileName());
+    }
     return m_model;
 }
 
@@ -146,10 +152,6 @@ void DensityPlugin::InitActionbar()
 
 bool DensityPlugin::PostStartPlugin()
 {
-    m_parameters = Parameters();
-    if (!m_parameters.load(fileName())) {
-        m_model->setState(DensityViewModel::NotRead, fileName());
-    }
     m_formulaAction->setToggleIndex(m_parameters.isExact() ? 1 : 0);
     m_infobox->SetItems({m_readingItem, m_correctionItem, m_correctedItem, m_airItem, m_factorItem});
 

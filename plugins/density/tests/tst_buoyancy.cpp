@@ -178,6 +178,7 @@ void TestBuoyancy::noWeight_data()
     data = reading(1.0, 1);
     data.value = NotANumber;
     QTest::newRow("not a number") << data << 1.001;
+    QTest::newRow("does not fit when corrected") << reading(985000.0, 2) << 1.0244;
     QTest::newRow("no factor") << reading(1.0, 1) << 0.0;
 }
 

@@ -62,6 +62,7 @@ private slots:
     void printWaitsForAStableWeight();
     void refusesToPrint();
     void valuesComeBackAfterARestart();
+    void keptValuesAreThereBeforeTheScreen();
     void unreadableValuesAreTold();
     void valuesThatCannotBeKept();
     void keysReachTheScale_data();
@@ -361,6 +362,28 @@ void TestDensityPlugin::valuesComeBackAfterARestart()
     QCOMPARE(field(Parameters::Temperature), QStringLiteral("20.5"));
     QCOMPARE(dynamic_cast<ActionBaseToggle*>(action("density.formula"))->toggleIndex(), 0);
     QCOMPARE(model()->stateKind(), DensityViewModel::Plain);
+}
+
+void TestDensityPlugin::keptValuesAreThereBeforeTheScreen()
+{
+    QVERIFY(QDir().mkpath(QFileInfo(DensityPlugin::fileName()).path()));
+    Parameters kept;
+    QVERIFY(kept.setValue(Parameters::SampleDensity, 50.0));
+    QVERIFY(kept.save(DensityPlugin::fileName()));
+    // A screen reads the values when it is loaded, and again when it is told of a change.
+    struct OpenPlugin : DensityPlugin
+    {
+        using DensityPlugin::CreateViewModel;
+    };
+    OpenPlugin plugin;
+    const std::unique_ptr<QObject> model(plugin.CreateViewModel());
+    QCOMPARE(qobject_cast<DensityViewModel*>(model.get())
+                 ->fields()
+                 .at(Parameters::SampleDensity)
+                 .toMap()
+                 .value(QStringLiteral("text"))
+                 .toString(),
+             QStringLiteral("50.0"));
 }
 
 void TestDensityPlugin::unreadableValuesAreTold()
