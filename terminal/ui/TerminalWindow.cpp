@@ -18,6 +18,7 @@
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlError>
+#include <QQmlFile>
 #include <QQuickItem>
 #include <QQuickRenderControl>
 #include <QQuickWindow>
@@ -360,10 +361,15 @@ void TerminalWindow::followPluginScreen()
 /// Creates the screen in the application area. Returns why it failed, the empty text on success.
 QString TerminalWindow::createPluginScreen(const QUrl& screen)
 {
+    const QString fromNetwork =
+        QStringLiteral("%1: a screen is loaded from a file or a resource, not from a network.")
+            .arg(screen.toString());
+    if (!QQmlFile::isSynchronous(screen)) {
+        return fromNetwork; // nothing is asked of the network
+    }
     QQmlComponent component(m_engine.get(), screen);
     if (component.isLoading()) {
-        return QStringLiteral("%1: a screen is loaded from a file or a resource, not from a network.")
-            .arg(screen.toString());
+        return fromNetwork; // something that it imports
     }
 
     if (!component.isReady()) {
