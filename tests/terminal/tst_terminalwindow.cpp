@@ -66,6 +66,8 @@ private slots:
     void smallDisplayShowsItsValue();
     void warningsFollowTheModel();
     void connectedComputersAreCounted();
+    void sentWeightIsNotCutOff_data();
+    void sentWeightIsNotCutOff();
 
     // What the person does.
     void tappedActionIsPressed();
@@ -249,6 +251,8 @@ void tst_TerminalWindow::screenThatCannotBeLoadedIsReported_data()
                              << QStringLiteral(
                                     "the root of a screen must be an Item, this one is a ObjectScreen");
     QTest::newRow("from a network") << QStringLiteral("http://localhost:1/Screen.qml")
+                                    << QStringLiteral("a screen is loaded from a file or a resource");
+    QTest::newRow("unknown scheme") << QStringLiteral("nowhere:Screen.qml")
                                     << QStringLiteral("a screen is loaded from a file or a resource");
 }
 
@@ -573,6 +577,33 @@ void tst_TerminalWindow::connectedComputersAreCounted()
     QCOMPARE(m_terminal->textOf(QStringLiteral("sicsClients")), QStringLiteral("12"));
     m_terminal->instrument.setSicsClients(-1);
     QVERIFY(!m_terminal->shown(QStringLiteral("sicsClients")));
+}
+
+void tst_TerminalWindow::sentWeightIsNotCutOff_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("English") << QStringLiteral("Sent: 123456.78 C.M.");
+    QTest::newRow("German") << QStringLiteral("Gesendet: 0.5000 kg");
+    QTest::newRow("German, longest") << QStringLiteral("Gesendet: -123456.78 C.M.");
+    QTest::newRow("German, not sent") << QStringLiteral("Nicht gesendet: 123456.78 C.M.");
+}
+
+void tst_TerminalWindow::sentWeightIsNotCutOff()
+{
+    QFETCH(QString, text);
+    m_terminal->startApplication();
+    m_terminal->instrument.setStatusText(text);
+    m_terminal->instrument.setSourceText(QStringLiteral("Simulierte Waage"));
+    m_terminal->instrument.setDateTimeText(QStringLiteral("01.01.2026  08:00"));
+    m_terminal->instrument.setSicsClients(12);
+    for (const char* name : {"statusText", "sourceText"}) {
+        const QQuickItem* const item = m_terminal->shown(QString::fromLatin1(name));
+        QVERIFY2(!item->property("truncated").toBool(), name);
+    }
+    // The name of the application keeps its room.
+    const QQuickItem* const key = m_terminal->shown(QStringLiteral("applicationKey"));
+    QVERIFY2(key->width() >= key->property("naturalWidth").toReal(),
+             qPrintable(QString::number(key->width())));
 }
 
 void tst_TerminalWindow::warningsFollowTheModel()

@@ -40,9 +40,11 @@ Rectangle {
         spacing: 28
 
         Text {
+            id: status
             objectName: "statusText"
             visible: text.length > 0
-            width: Math.min(implicitWidth, 160)
+            // Room for the longest weight that is sent.
+            width: Math.min(implicitWidth, 270)
             anchors.verticalCenter: parent.verticalCenter
             text: instrument.statusText
             elide: Text.ElideRight
@@ -63,7 +65,7 @@ Rectangle {
             }
             Text {
                 objectName: "sourceText"
-                width: Math.min(implicitWidth, 240)
+                width: Math.min(implicitWidth, Math.max(160, 400 - Math.max(160, status.visible ? status.width : 0)))
                 text: instrument.sourceText
                 elide: Text.ElideRight
                 font.pixelSize: Theme.bodySize
