@@ -3,6 +3,7 @@
 
 #include "CountingMenu.h"
 #include "CountingProtocol.h"
+#include "CountingViewManager.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -114,7 +115,7 @@ QString CountingPlugin::GetPluginScreen()
 
 IPluginViewManager* CountingPlugin::CreateViewManager()
 {
-    return nullptr; // there is one view only
+    return new CountingViewManager(m_model);
 }
 
 void CountingPlugin::ApplyProfileItem(int id, QVariant value)

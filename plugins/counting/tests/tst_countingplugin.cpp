@@ -802,6 +802,9 @@ void TestCountingPlugin::padIsClosed()
     model()->openEntry(CountingSettings::Target);
     QVERIFY(m_host->pressAction("counting.reference")); // its message must be seen
     QVERIFY(!model()->editing());
+    model()->openEntry(CountingSettings::Target);
+    QVERIFY(m_plugin->SetupView());
+    QVERIFY(!model()->editing());
     model()->openEntry(CountingSettings::Count); // there is no such value
     QVERIFY(!model()->editing());
 }
