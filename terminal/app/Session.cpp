@@ -258,6 +258,9 @@ void Session::connectPrinter()
     connect(&m_printQueue, &PrintQueue::notKept, this,
             [this](const QString& text) { onNotice(NoticeSeverity::Warning, text); });
     connect(&m_printQueue, &PrintQueue::changed, this, &Session::updateHostActions);
+    connect(&m_printQueue, &PrintQueue::changed, this,
+            [this] { m_instrument.setFailedPrints(m_printQueue.failedCount()); });
+    connect(&m_instrument, &InstrumentModel::repeatPrintsPressed, this, [this] { m_printQueue.repeat(); });
     const PrinterSpec& printer = m_options.printer;
     switch (printer.kind) {
     case PrinterSpec::Kind::Roll:
@@ -621,9 +624,10 @@ bool Session::prepare(QStringList* errors)
     if (!m_printQueue.load(&queueError))
         reportError(queueError);
     if (m_printQueue.failedCount() > 0)
-        onNotice(NoticeSeverity::Warning,
-                 tr("Print-outs that were not printed: %1. Repeat or delete them on the bench.")
-                     .arg(m_printQueue.failedCount()));
+        onNotice(NoticeSeverity::Warning, tr("Print-outs that were not printed: %1. Repeat them with the key "
+                                             "on the status line, or delete them "
+                                             "on the bench.")
+                                              .arg(m_printQueue.failedCount()));
 
     m_window.setAnimationsEnabled(!m_options.headless);
     m_window.setBenchVisible(m_options.bench);

@@ -33,6 +33,12 @@ QHash<int, QByteArray> PaperRoll::roleNames() const
     return {{TextRole, "lineText"}, {CutRole, "cut"}};
 }
 
+int PaperRoll::cuts() const
+{
+    return static_cast<int>(
+        std::count_if(m_lines.begin(), m_lines.end(), [](const Line& line) { return line.cut; }));
+}
+
 QString PaperRoll::text() const
 {
     QString text;

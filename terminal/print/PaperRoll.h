@@ -22,6 +22,8 @@ class PaperRoll : public QAbstractListModel
     /// The columns of the widest print-out on the paper, but MinimumColumns at least.
     Q_PROPERTY(int columns READ columns NOTIFY columnsChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
+    /// How many of count() are cuts.
+    Q_PROPERTY(int cuts READ cuts NOTIFY countChanged)
 
 public:
     enum Role
@@ -42,6 +44,7 @@ public:
 
     int columns() const { return m_columns; }
     int count() const { return m_lines.size(); }
+    int cuts() const;
     /// The lines, each ended by '\n'; a cut is an empty line.
     QString text() const;
 

@@ -309,6 +309,14 @@ void InstrumentModel::setStatusText(const QString& text)
     }
 }
 
+void InstrumentModel::setFailedPrints(int count)
+{
+    if (m_failedPrints != count) {
+        m_failedPrints = count;
+        emit failedPrintsChanged();
+    }
+}
+
 void InstrumentModel::setSicsClients(int count)
 {
     if (m_sicsClients != count) {

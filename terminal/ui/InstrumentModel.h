@@ -87,6 +87,8 @@ class InstrumentModel : public QObject
     Q_PROPERTY(QString statusText READ statusText WRITE setStatusText NOTIFY statusTextChanged)
     /// Number of the computers that are connected to the SICS server; -1 while there is no server, as initially.
     Q_PROPERTY(int sicsClients READ sicsClients WRITE setSicsClients NOTIFY sicsClientsChanged)
+    /// Number of the print-outs that have failed and wait to be repeated.
+    Q_PROPERTY(int failedPrints READ failedPrints WRITE setFailedPrints NOTIFY failedPrintsChanged)
     /// Whether the scale stands level. Initially true.
     Q_PROPERTY(bool levelOk READ levelOk WRITE setLevelOk NOTIFY levelOkChanged)
     /// Language of the terminal's texts: "en" or "de". Initially "en".
@@ -140,6 +142,7 @@ public:
     QString dateTimeText() const;
     QString statusText() const;
     int sicsClients() const;
+    int failedPrints() const { return m_failedPrints; }
     bool levelOk() const;
     QString language() const;
     bool noticeVisible() const;
@@ -170,6 +173,7 @@ public:
     void setDateTimeText(const QString& text);
     void setStatusText(const QString& text);
     void setSicsClients(int count);
+    void setFailedPrints(int count);
     void setLevelOk(bool ok);
     /// Switches the language of the terminal's texts; any other language than those offered counts as "en".
     void setLanguage(const QString& language);
@@ -196,6 +200,7 @@ signals:
     void dateTimeTextChanged();
     void statusTextChanged();
     void sicsClientsChanged();
+    void failedPrintsChanged();
     void levelOkChanged();
     void languageChanged();
     void noticeChanged();
@@ -203,6 +208,8 @@ signals:
     // What the person does. Presses of action buttons are signalled by actions() and hostActions().
     /// The print button was pressed.
     void printPressed();
+    /// The print-outs that have failed are to be repeated.
+    void repeatPrintsPressed();
     /// The unit of the main display was touched: the next one is asked for.
     void unitPressed();
     /// It was held: the next one for the small display is asked for.
@@ -245,6 +252,7 @@ private:
     QString m_dateTimeText;
     QString m_statusText;
     int m_sicsClients = -1;
+    int m_failedPrints = 0;
     bool m_levelOk = true;
     QString m_language = QStringLiteral("en");
     QString m_noticeText;

@@ -18,6 +18,7 @@ private slots:
     void cleanup();
 
     void everyLayoutAndLanguage();
+    void paperIsLaidOut();
     void sameEveryTime();
     void differenceIsShown();
     void missingFileTellsOfApprove();
@@ -89,6 +90,20 @@ void TestPrintOuts::everyLayoutAndLanguage()
     for (const char* name :
          {"protocol-menu.png", "paper-40.png", "paper-24.png", "paper-40-de.png", "paper-24-de.png"})
         QVERIFY2(!QImage(m_folder->filePath(QLatin1String(name))).isNull(), name);
+}
+
+/// The screen with the paper is laid out without a complaint of the QML engine.
+void TestPrintOuts::paperIsLaidOut()
+{
+    const QString script =
+        write("paper.script", "bench printer\nprotocol items all\nput on 36.4 g\nwait stable\n"
+                              "press print\nwait print\npress print\nwait print\n"
+                              "screenshot paper.png\nset print-columns 80\npress print\n"
+                              "wait print\nscreenshot wide.png\n");
+    TerminalProcess terminal;
+    QVERIFY(terminal.run(arguments(script)));
+    COMPARE_EXIT_CODE(terminal, 0);
+    QVERIFY2(!terminal.errorText().contains(QLatin1String("QML")), terminal.everything().constData());
 }
 
 void TestPrintOuts::sameEveryTime()

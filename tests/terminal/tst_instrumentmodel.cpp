@@ -70,6 +70,7 @@ void tst_InstrumentModel::initialState()
     QVERIFY(m_model->sourceOk());
     QVERIFY(m_model->levelOk());
     QCOMPARE(m_model->sicsClients(), -1);
+    QCOMPARE(m_model->failedPrints(), 0);
     QVERIFY(!m_model->noticeVisible());
     QCOMPARE(m_model->language(), QStringLiteral("en"));
 }
@@ -87,6 +88,7 @@ void tst_InstrumentModel::plainPropertyNotifiesOnChangeOnly_data()
     QTest::newRow("dateTimeText") << QByteArray("dateTimeText") << QVariant(QStringLiteral("2024-03-05"));
     QTest::newRow("statusText") << QByteArray("statusText") << QVariant(QStringLiteral("Supervisor"));
     QTest::newRow("sicsClients") << QByteArray("sicsClients") << QVariant(3);
+    QTest::newRow("failedPrints") << QByteArray("failedPrints") << QVariant(2);
     QTest::newRow("levelOk") << QByteArray("levelOk") << QVariant(false);
     QTest::newRow("language") << QByteArray("language") << QVariant(QStringLiteral("de"));
 }

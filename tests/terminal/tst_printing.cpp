@@ -51,6 +51,7 @@ private slots:
     void repeatsByScript();
     void repeatsByKey();
     void repeatKeyIsThereForFailuresOnly();
+    void repeatsOnTheStatusLine();
     void failureIsAnErrorAndNoPluginFault();
     void slowPrinterIsWaitedFor();
     void slowPrinterAtTheEnd();
@@ -248,6 +249,20 @@ void TestPrinting::repeatKeyIsThereForFailuresOnly()
     session().printQueue().setFault(PrinterFault::None);
     session().printQueue().repeat();
     QVERIFY(!uids().contains(QStringLiteral("repeatPrint")));
+}
+
+void TestPrinting::repeatsOnTheStatusLine()
+{
+    start();
+    InstrumentModel& instrument = session().instrument();
+    QCOMPARE(instrument.failedPrints(), 0);
+    session().printQueue().setFault(PrinterFault::Offline);
+    print();
+    QCOMPARE(instrument.failedPrints(), 1);
+    session().printQueue().setFault(PrinterFault::None);
+    emit instrument.repeatPrintsPressed();
+    QCOMPARE(instrument.failedPrints(), 0);
+    QCOMPARE(session().printQueue().printedCount(), 1);
 }
 
 void TestPrinting::failureIsAnErrorAndNoPluginFault()

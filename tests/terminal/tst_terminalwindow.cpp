@@ -68,6 +68,8 @@ private slots:
     void connectedComputersAreCounted();
     void sentWeightIsNotCutOff_data();
     void sentWeightIsNotCutOff();
+    void failedPrintsAreRepeated_data();
+    void failedPrintsAreRepeated();
 
     // What the person does.
     void tappedActionIsPressed();
@@ -604,6 +606,30 @@ void tst_TerminalWindow::sentWeightIsNotCutOff()
     const QQuickItem* const key = m_terminal->shown(QStringLiteral("applicationKey"));
     QVERIFY2(key->width() >= key->property("naturalWidth").toReal(),
              qPrintable(QString::number(key->width())));
+}
+
+void tst_TerminalWindow::failedPrintsAreRepeated_data()
+{
+    QTest::addColumn<bool>("application");
+    QTest::newRow("no application") << false;
+    QTest::newRow("application") << true;
+}
+
+void tst_TerminalWindow::failedPrintsAreRepeated()
+{
+    QFETCH(bool, application);
+    if (application)
+        m_terminal->startApplication();
+    m_terminal->instrument.setStatusText(QStringLiteral("Sent: 36.4 g"));
+    QVERIFY(!m_terminal->shown(QStringLiteral("repeatPrints")));
+    m_terminal->instrument.setFailedPrints(2);
+    QVERIFY(m_terminal->shown(QStringLiteral("repeatPrints")));
+    QVERIFY(m_terminal->textOf(QStringLiteral("repeatPrintsText")).contains(QLatin1Char('2')));
+    QSignalSpy repeated(&m_terminal->instrument, &InstrumentModel::repeatPrintsPressed);
+    QVERIFY(m_terminal->tap(QStringLiteral("repeatPrints")));
+    QCOMPARE(repeated.count(), 1);
+    m_terminal->instrument.setFailedPrints(0);
+    QVERIFY(!m_terminal->shown(QStringLiteral("repeatPrints")));
 }
 
 void tst_TerminalWindow::warningsFollowTheModel()

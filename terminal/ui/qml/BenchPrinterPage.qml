@@ -217,12 +217,20 @@ Item {
         readonly property real columnWidth: Math.max(6.6, Math.min(9.6, available / columns))
         readonly property int paperWidth: Math.ceil(columnWidth * columns) + 2 * sideMargin
         readonly property real lineHeight: Math.round(columnWidth * 2.1)
+        readonly property real cutHeight: 22
+        // Reckoned, since the height of the content is known only for the lines in sight, which depend on it.
+        readonly property real paperHeight: page.printer
+            ? headerHeight + footerHeight + cutHeight * page.printer.paper.cuts
+              + lineHeight * (page.printer.paper.count - page.printer.paper.cuts)
+            : 0
+        readonly property int headerHeight: 10
+        readonly property int footerHeight: 14
         readonly property color white: "#FCFBF6"
 
         visible: page.onRoll
         x: page.margin + Math.max(8, (page.content - paperWidth) / 2)
         width: Math.min(paperWidth, page.content - 16)
-        y: Math.max(page.paperTop, slot.y + 7 - contentHeight)
+        y: Math.max(page.paperTop, slot.y + 7 - paperHeight)
         height: slot.y + 7 - y
         clip: true
         contentWidth: paperWidth
@@ -238,17 +246,17 @@ Item {
 
         header: PaperEdge {
             width: paper.paperWidth
-            height: 10
+            height: paper.headerHeight
             color: paper.white
         }
         footer: Rectangle {
             width: paper.paperWidth
-            height: 14
+            height: paper.footerHeight
             color: paper.white
         }
         delegate: Rectangle {
             width: paper.paperWidth
-            height: cut ? 22 : paper.lineHeight
+            height: cut ? paper.cutHeight : paper.lineHeight
             color: paper.white
 
             PaperLine {

@@ -39,10 +39,47 @@ Rectangle {
         height: parent.height
         spacing: 28
 
+        // Print-outs that have failed stay in sight until they are repeated, whatever application runs.
+        Rectangle {
+            objectName: "repeatPrints"
+            visible: instrument.failedPrints > 0
+            anchors.verticalCenter: parent.verticalCenter
+            width: 12 + printMark.width + 8 + repeatText.width + 14
+            height: 40
+            radius: Theme.radius
+            color: repeatArea.pressed ? Theme.keyPressed : Theme.attention
+
+            Icon {
+                id: printMark
+                x: 12
+                anchors.verticalCenter: parent.verticalCenter
+                name: "print"
+                size: 24
+                color: Theme.ink
+            }
+            Text {
+                id: repeatText
+                objectName: "repeatPrintsText"
+                anchors.left: printMark.right
+                anchors.leftMargin: 8
+                anchors.verticalCenter: parent.verticalCenter
+                text: qsTr("Repeat (%1)").arg(instrument.failedPrints)
+                font.pixelSize: Theme.bodySize
+                font.weight: Font.Medium
+                color: Theme.ink
+            }
+            MouseArea {
+                id: repeatArea
+                anchors.fill: parent
+                anchors.margins: -Theme.unit
+                onClicked: instrument.repeatPrintsPressed()
+            }
+        }
         Text {
             id: status
             objectName: "statusText"
-            visible: text.length > 0
+            // What was done last gives way to what is to be done.
+            visible: text.length > 0 && instrument.failedPrints === 0
             // Room for the longest weight that is sent.
             width: Math.min(implicitWidth, 270)
             anchors.verticalCenter: parent.verticalCenter

@@ -1300,10 +1300,6 @@
         <translation>Nicht angeboten: %1</translation>
     </message>
     <message>
-        <source>Print-outs that were not printed: %1. Repeat or delete them on the bench.</source>
-        <translation>Nicht gedruckte Ausdrucke: %1. Wiederholen oder löschen Sie diese am Prüfplatz.</translation>
-    </message>
-    <message>
         <source>Print-outs that were still waiting for the printer and are lost: %1. Wait for the printer before the end, or keep them with --settings FILE.</source>
         <translation>Ausdrucke, die noch auf den Drucker warteten und verloren sind: %1. Warten Sie vor dem Ende auf den Drucker, oder bewahren Sie sie mit --settings DATEI auf.</translation>
     </message>
@@ -1354,6 +1350,10 @@
     <message>
         <source>The terminal leaves it to the application</source>
         <translation>Das Terminal überlässt es der Anwendung</translation>
+    </message>
+    <message>
+        <source>Print-outs that were not printed: %1. Repeat them with the key on the status line, or delete them on the bench.</source>
+        <translation>Nicht gedruckte Ausdrucke: %1. Wiederholen Sie sie mit der Taste auf der Statuszeile, oder löschen Sie sie am Prüfplatz.</translation>
     </message>
 </context>
 <context>
@@ -1931,6 +1931,10 @@
     <message>
         <source>No application</source>
         <translation>Keine Anwendung</translation>
+    </message>
+    <message>
+        <source>Repeat (%1)</source>
+        <translation>Erneut (%1)</translation>
     </message>
 </context>
 <context>
