@@ -187,12 +187,12 @@ void FormulationPlugin::ApplyProfileItem(int id, QVariant value)
 
 bool FormulationPlugin::PreStartPlugin()
 {
-    // Owns all that lives from start to close. The base deletes it and leaves the pointer, so it is set at every start.
-    m_pluginObject = new QObject;
     if (m_system->GetWorkflowManager() == nullptr) {
         qWarning("Formulation: the terminal has no workflow manager, which the application needs.");
         return false;
     }
+    // Owns all that lives from start to close. The base deletes it and leaves the pointer, so it is set at every start.
+    m_pluginObject = new QObject;
     m_previousAction = makeAction(QStringLiteral("formulation.previous"), "onPrevious(QVariant)");
     m_nextAction = makeAction(QStringLiteral("formulation.next"), "onNext(QVariant)");
     m_startAction = makeAction(QStringLiteral("formulation.start"), "onStart(QVariant)");

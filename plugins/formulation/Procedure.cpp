@@ -401,6 +401,7 @@ void Procedure::judge()
     }
     m_batch.weighed.append(*weighed);
     save();
+    translateStep(*stepOf(FirstComponentStep + m_component)); // whether it is out of tolerance
     setPhase(Weighed);
     m_weighFunction->functionDone(*weighed);
 }
@@ -478,6 +479,8 @@ void Procedure::translateStep(Step& step)
         step.after.infoTextLine1 = tr("%1 is weighed in").arg(shortName(component.name));
         step.after.infoTextLine2 =
             tr("Component %1 of %2, target %3").arg(index + 1).arg(count).arg(grams(component.target));
+        const bool isOut = index < m_batch.weighed.size() && !m_batch.isWithinTolerance(index, decimals());
+        step.after.infoTextLine3 = isOut ? tr("Out of tolerance") : QString();
         step.after.rightButtonText = index + 1 < count ? tr("Next component") : tr("Complete the batch");
     }
 }

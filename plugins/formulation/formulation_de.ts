@@ -398,6 +398,10 @@
         <translation>Komponente %1 von %2, Soll %3</translation>
     </message>
     <message>
+        <source>Out of tolerance</source>
+        <translation>Außer Toleranz</translation>
+    </message>
+    <message>
         <source>Next component</source>
         <translation>Nächste Kompo­nente</translation>
     </message>
