@@ -4,11 +4,13 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QtTest>
 
 /// The built terminal as a process of its own.
@@ -71,17 +73,11 @@ public:
         return state() == QProcess::NotRunning && exitStatus() == QProcess::NormalExit;
     }
 
-    /// Waits until the standard output has @p part; the test's own event loop runs meanwhile.
-    bool waitForOutput(const QString& part)
-    {
-        return QTest::qWaitFor([&] { return readAndFind(&m_output, part); }, TimeoutMs);
-    }
+    /// Waits until the standard output has @p part, or the terminal has ended; an event loop runs meanwhile.
+    bool waitForOutput(const QString& part) { return waitFor(&m_output, part); }
 
     /// The same for the standard error output.
-    bool waitForError(const QString& part)
-    {
-        return QTest::qWaitFor([&] { return readAndFind(&m_error, part); }, TimeoutMs);
-    }
+    bool waitForError(const QString& part) { return waitFor(&m_error, part); }
 
     QByteArray output() const { return m_output; }
     QString outputText() const { return QString::fromUtf8(m_output); }
@@ -99,6 +95,23 @@ private:
     {
         m_output += readAllStandardOutput();
         m_error += readAllStandardError();
+    }
+
+    /// A true event loop: QTest::qWaitFor() would sleep 10 ms between what computers are answered.
+    bool waitFor(const QByteArray* text, const QString& part)
+    {
+        QEventLoop loop;
+        const auto look = [&] {
+            if (readAndFind(text, part) || state() == QProcess::NotRunning)
+                loop.quit();
+        };
+        connect(this, &QProcess::readyReadStandardOutput, &loop, look);
+        connect(this, &QProcess::readyReadStandardError, &loop, look);
+        connect(this, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), &loop, look);
+        QTimer::singleShot(TimeoutMs, &loop, &QEventLoop::quit);
+        if (!readAndFind(text, part) && state() != QProcess::NotRunning)
+            loop.exec();
+        return readAndFind(text, part);
     }
 
     bool readAndFind(const QByteArray* text, const QString& part)

@@ -50,9 +50,14 @@ public:
     {
         m_received.clear();
         send(command + "\r\n");
-        const bool answered =
-            QTest::qWaitFor([this] { return m_received.endsWith("\r\n"); }, TerminalProcess::TimeoutMs);
-        return answered ? taken() : QByteArray("no answer");
+        QEventLoop loop;
+        connect(this, &Computer::arrived, &loop, [this, &loop] {
+            if (m_received.endsWith("\r\n"))
+                loop.quit();
+        });
+        QTimer::singleShot(TerminalProcess::TimeoutMs, &loop, &QEventLoop::quit);
+        loop.exec();
+        return m_received.endsWith("\r\n") ? taken() : QByteArray("no answer");
     }
 
 signals:
@@ -131,6 +136,10 @@ private:
     int m_sent = 0;
 };
 
+/// A server whose time passes ten times as fast, so that its scale comes to rest soon.
+const QStringList QuickServer{QStringLiteral("--sics"), QStringLiteral("0"), QStringLiteral("--speed"),
+                              QStringLiteral("10")};
+
 } // namespace
 
 /// The SICS server of the terminal and computers that are connected to it.
@@ -202,8 +211,8 @@ quint16 TestSics::portOf(TerminalProcess& terminal)
 void TestSics::conversation()
 {
     // The weight is moved under the eyes of the client, which reads what becomes of it.
-    const auto terminal = started({QStringLiteral("--sics"), QStringLiteral("0")},
-                                  "set noise 0\nput on 100 g\nwait stable\nnote Stable\nwait 60 s\n");
+    const auto terminal =
+        started(QuickServer, "set noise 0\nput on 100 g\nwait stable\nnote Stable\nwait 600 s\n");
     const quint16 port = portOf(*terminal);
     QVERIFY2(port > 0, terminal->everything().constData());
     QVERIFY2(reported(*terminal, "Stable"), terminal->everything().constData());
@@ -279,8 +288,8 @@ void TestSics::serialNumberOfTheSettings()
 
 void TestSics::terminalAsScaleOfATerminal()
 {
-    const auto scale = started({QStringLiteral("--sics"), QStringLiteral("0")},
-                               "set noise 0\nput on 36.4 g\nwait stable\nnote Ready\nwait 60 s\n");
+    const auto scale =
+        started(QuickServer, "set noise 0\nput on 36.4 g\nwait stable\nnote Ready\nwait 600 s\n");
     const quint16 port = portOf(*scale);
     QVERIFY2(reported(*scale, "Ready"), scale->everything().constData());
     const auto terminal = started({QStringLiteral("--source"), QStringLiteral("tcp:127.0.0.1:%1").arg(port)},
@@ -294,8 +303,8 @@ void TestSics::terminalAsScaleOfATerminal()
 void TestSics::zeroOfAnotherTerminal()
 {
     // What one computer does, another sees.
-    const auto scale = started({QStringLiteral("--sics"), QStringLiteral("0")},
-                               "set noise 0\nput on 50 g\nwait stable\nnote Ready\nwait 60 s\n");
+    const auto scale =
+        started(QuickServer, "set noise 0\nput on 50 g\nwait stable\nnote Ready\nwait 600 s\n");
     const quint16 port = portOf(*scale);
     QVERIFY2(reported(*scale, "Ready"), scale->everything().constData());
     const auto terminal =
