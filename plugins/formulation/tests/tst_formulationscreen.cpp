@@ -207,6 +207,7 @@ void TestFormulationScreen::bars()
         const QQuickItem* const band = item("toleranceBand");
         const double middle = mark->x() + mark->width() / 2.0;
         QVERIFY(middle >= band->x() && middle <= band->x() + band->width());
+        QCOMPARE(middle, mark->parentItem()->width() * fine);
     }
     if (isWeight) {
         QCOMPARE(mark->property("color").toString(), color);
