@@ -4,6 +4,7 @@
 #include "SeriesExport.h"
 #include "StatisticsViewManager.h"
 
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QtMath>
 
@@ -252,7 +253,7 @@ bool StatisticsPlugin::openStore()
         return false;
     }
     if (!m_store.damagedFile().isEmpty()) {
-        m_model->setState(StatisticsViewModel::SetAside, m_store.damagedFile());
+        m_model->setState(StatisticsViewModel::SetAside, QFileInfo(m_store.damagedFile()).fileName());
     }
     return true;
 }

@@ -130,7 +130,9 @@ Item {
         Repeater {
             model: plot.count > 1 ? [0, plot.count - 1] : [0]
             Text {
-                x: Math.round(plot.slot * (modelData + 0.5) - width / 2)
+                objectName: "number"
+                // Clear of the unit at the left.
+                x: Math.max(0, Math.round(plot.slot * (modelData + 0.5) - width / 2))
                 y: plot.height + 8
                 text: statistics.firstNumber + modelData
                 font.pixelSize: 15
@@ -138,6 +140,7 @@ Item {
             }
         }
         Text {
+            objectName: "unit"
             anchors.right: parent.left
             anchors.rightMargin: 8
             y: plot.height + 8

@@ -661,9 +661,9 @@ void TestStatisticsPlugin::damagedFileIsTold()
     file.close();
     start();
     QCOMPARE(model()->stateText(),
-             QStringLiteral("The stored series was damaged. It is kept as %1/series.damaged-1.sqlite, and a "
-                            "new one begins.")
-                 .arg(StatisticsPlugin::dataFolder()));
+             QStringLiteral("The stored series was damaged. It is kept as series.damaged-1.sqlite, and a "
+                            "new one begins."));
+    QVERIFY(QFile::exists(StatisticsPlugin::dataFolder() + QStringLiteral("/series.damaged-1.sqlite")));
     weigh(10.0);
     QCOMPARE(infos().at(0), QStringLiteral("1"));
 }

@@ -7,6 +7,7 @@
 #include <QQuickItem>
 #include <QQuickView>
 #include <QSignalSpy>
+#include <QTranslator>
 #include <QtTest>
 
 using namespace Brimvale;
@@ -21,6 +22,9 @@ private slots:
     void cleanup();
     void withoutWeighings();
     void plotOfASeries();
+    void numbersStandApart();
+    void damagedFileIsToldWhole_data();
+    void damagedFileIsToldWhole();
     void thresholdKeys();
     void keysThatCannotBePressed();
     void clearQuestion();
@@ -99,6 +103,44 @@ void TestStatisticsScreen::plotOfASeries()
     QVERIFY(item("band")->y() >= 0.0);
     QVERIFY(item("band")->y() + item("band")->height() <= item("plot")->height());
     QVERIFY(item("mean")->y() > item("band")->y());
+}
+
+void TestStatisticsScreen::numbersStandApart()
+{
+    fill(100000);
+    QVector<QRectF> places;
+    const QList<QQuickItem*> parts = item("plot")->childItems();
+    for (const QQuickItem* part : parts) {
+        if (part->objectName() == QLatin1String("number") || part->objectName() == QLatin1String("unit")) {
+            places.append(part->mapRectToScene(part->boundingRect()));
+        }
+    }
+    QCOMPARE(places.size(), 3);
+    for (int i = 0; i < places.size(); ++i) {
+        QVERIFY(QRectF(0, 0, 720, 208).contains(places.at(i)));
+        for (int k = 0; k < i; ++k) {
+            QVERIFY(!places.at(i).intersects(places.at(k)));
+        }
+    }
+}
+
+void TestStatisticsScreen::damagedFileIsToldWhole_data()
+{
+    QTest::addColumn<QString>("translation");
+    QTest::newRow("English") << QString();
+    QTest::newRow("German") << QStringLiteral(STATISTICS_TRANSLATION);
+}
+
+void TestStatisticsScreen::damagedFileIsToldWhole()
+{
+    QFETCH(QString, translation);
+    QTranslator translator;
+    if (!translation.isEmpty()) {
+        QVERIFY(translator.load(translation));
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+    }
+    m_model->setState(StatisticsViewModel::SetAside, QStringLiteral("series.damaged-10.sqlite"));
+    QVERIFY(!item("messageText")->property("truncated").toBool());
 }
 
 void TestStatisticsScreen::thresholdKeys()
