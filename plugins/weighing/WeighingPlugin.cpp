@@ -276,6 +276,9 @@ void WeighingPlugin::onNewMeasurementValue()
 {
     m_current = readRegister(ISystemRegister::CurrentRegister);
     showReading(m_current);
+    if (m_decimals != m_system->GetDecimals()) {
+        m_automaticAction->setToggleIndex(startDetector() ? 1 : 0); // its digits have become others
+    }
     serveLoadChange(m_current);
     if (m_printRequested) {
         servePrintRequest(m_current);
@@ -331,6 +334,7 @@ bool WeighingPlugin::startDetector()
         return false;
     }
     m_detector->Stop();
+    m_decimals = m_system->GetDecimals();
     const int index = automaticModes().indexOf(m_automaticMode) - 1;
     if (index < 0) {
         return false;
@@ -338,7 +342,7 @@ bool WeighingPlugin::startDetector()
     const auto mode = static_cast<ILoadChange::LoadChangeMode>(index);
     const bool percent = mode == ILoadChange::Percent || mode == ILoadChange::PercentFixed;
     const bool fixed = mode == ILoadChange::AbsoluteFixed || mode == ILoadChange::PercentFixed;
-    const double digitsPerGram = std::pow(10.0, m_system->GetDecimals());
+    const double digitsPerGram = std::pow(10.0, m_decimals);
     const double range = percent ? m_automaticThreshold : m_automaticThreshold * digitsPerGram;
     if (range < 1.0 || range > 1.0e9) {
         return false;
@@ -365,8 +369,7 @@ void WeighingPlugin::serveLoadChange(const MesswertData& current)
         return;
     }
     const double digits = m_system->GetSystemRegister()->GetRegisterValue(ISystemRegister::CurrentRegister);
-    const double minimum =
-        qBound(MinimumLoadDigits, m_minimumWeight * std::pow(10.0, m_system->GetDecimals()), 1.0e9);
+    const double minimum = qBound(MinimumLoadDigits, m_minimumWeight * std::pow(10.0, m_decimals), 1.0e9);
     const bool due =
         digits > minimum && m_detector->isValueAvailable(static_cast<long>(qBound(-1.0e9, digits, 1.0e9)));
     const bool fixed =

@@ -99,6 +99,7 @@ private:
     QString m_automaticMode;
     QString m_automaticModeWhenOn;
     double m_automaticThreshold = 0.0;
+    int m_decimals = 0; ///< In the digits of which the detector counts.
     QString m_weighingPlace;
     Brimvale::MesswertData m_current; ///< The last reading, which print items read.
     Brimvale::MesswertData m_previous;

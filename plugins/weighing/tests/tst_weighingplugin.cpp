@@ -74,6 +74,7 @@ private slots:
     void printsNoOverflow();
     void printsByItself_data();
     void printsByItself();
+    void thresholdStaysInGrams();
     void automaticKeyTogglesTheSetting();
     void unusableThresholdSwitchesTheAutomaticOff();
     void showsTheWarnings();
@@ -463,6 +464,23 @@ void TestWeighingPlugin::printsByItself()
         weigh(reading(load));
     }
     QTEST(property("transferCount").toInt(), "printed");
+}
+
+void TestWeighingPlugin::thresholdStaysInGrams()
+{
+    m_host->answer("ISystem::GetDecimals", 0);
+    m_host->answer("ISystemRegister::GetRegisterValue(90)", 60000.0);
+    start();
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticMode, QStringLiteral("absolute"), QString());
+    const auto* const detector = model()->findChild<LoadChange*>();
+    QCOMPARE(detector->range(), 5u);
+    // A scale that was not connected yet.
+    m_host->answer("ISystem::GetDecimals", 2);
+    weigh(reading(1000.0)); // 10000 in the register
+    QCOMPARE(detector->range(), 500u);
+    QCOMPARE(detector->bandLow(), 9500);
+    QCOMPARE(detector->bandHigh(), 10500);
+    QCOMPARE(property("transferCount").toInt(), 0); // what lies there already is no change
 }
 
 void TestWeighingPlugin::automaticKeyTogglesTheSetting()
