@@ -347,6 +347,12 @@ void Session::connectProtocol()
     // A terminal without a SICS port shows its answers on the paper roll.
     if (!m_options.sics)
         m_printQueue.setSicsOutput(std::make_unique<RollPrinter>(m_paper));
+    connect(model, &ProtocolModel::operatorEntered, this, [this, model, protocol](const QString& name) {
+        protocol->terminalItems().setOperatorName(name.simplified());
+        model->setOperatorName(name.simplified());
+        if (m_settings)
+            m_settings->setValue(OperatorKey, name.simplified());
+    });
     connect(protocol, &Protocol::changed, this, &Session::updateProtocol);
     connect(model, &ProtocolModel::openChanged, this, &Session::updateProtocol);
     connect(model, &ProtocolModel::itemToggled, protocol, &Protocol::setChosen);
@@ -378,6 +384,7 @@ void Session::updateProtocol()
         return;
     const Protocol& protocol = m_host->protocol();
     const ProtocolChoice& choice = protocol.choice();
+    model->setOperatorName(m_host->protocol().terminalItems().operatorName());
     QVector<ProtocolRow> rows;
     for (const ProtocolEntry& entry : protocol.entries())
         rows.append({entry.uid, entry.name, entry.section, entry.chosen});

@@ -56,6 +56,14 @@ void ProtocolModel::setOpen(bool open)
     }
 }
 
+void ProtocolModel::setOperatorName(const QString& name)
+{
+    if (m_operatorName != name) {
+        m_operatorName = name;
+        emit operatorNameChanged();
+    }
+}
+
 int ProtocolModel::chosenCount() const
 {
     return static_cast<int>(

@@ -34,6 +34,8 @@ class ProtocolModel : public QAbstractListModel
     Q_PROPERTY(QString kind READ kind NOTIFY selectionChanged)
     Q_PROPERTY(QString part READ part NOTIFY selectionChanged)
     Q_PROPERTY(QString trigger READ trigger NOTIFY selectionChanged)
+    /// Who works at the terminal, which print-outs bear.
+    Q_PROPERTY(QString operatorName READ operatorName NOTIFY operatorNameChanged)
     /// How many items there are, and how many of them are chosen.
     Q_PROPERTY(int count READ count NOTIFY rowsChanged)
     Q_PROPERTY(int chosenCount READ chosenCount NOTIFY rowsChanged)
@@ -59,6 +61,8 @@ public:
     QString kind() const { return m_kind; }
     QString part() const { return m_part; }
     QString trigger() const { return m_trigger; }
+    QString operatorName() const { return m_operatorName; }
+    void setOperatorName(const QString& name);
     int count() const { return m_rows.size(); }
     int chosenCount() const;
 
@@ -73,6 +77,7 @@ signals:
     void openChanged();
     void rowsChanged();
     void selectionChanged();
+    void operatorNameChanged();
 
     // What the person does.
     /// The item @p uid is to be chosen, or not any more.
@@ -81,12 +86,15 @@ signals:
     void kindStepped(int step);
     void partStepped(int step);
     void triggerStepped(int step);
+    /// Another person works at the terminal; an empty name: nobody is named.
+    void operatorEntered(const QString& name);
 
 private:
     bool m_open = false;
     QString m_kind;
     QString m_part;
     QString m_trigger;
+    QString m_operatorName;
     QVector<ProtocolRow> m_rows;
 };
 

@@ -33,6 +33,8 @@ private slots:
     void tellsHowManyAreChosen();
     void anEmptyPartSaysSo();
     void longNamesAreNotCut();
+    void operatorIsEntered_data();
+    void operatorIsEntered();
 
 private:
     ProtocolModel& model() { return *m_terminal->instrument.protocol(); }
@@ -83,6 +85,43 @@ void tst_ProtocolMenu::cleanup()
 {
     QCOMPARE(m_terminal->window.takeQmlWarnings(), QStringList());
     m_terminal.reset();
+}
+
+void tst_ProtocolMenu::operatorIsEntered_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<int>("entered");
+    QTest::newRow("entered") << QStringLiteral("textEnter") << 1;
+    QTest::newRow("cancelled") << QStringLiteral("textCancel") << 0;
+}
+
+void tst_ProtocolMenu::operatorIsEntered()
+{
+    QFETCH(QString, key);
+    QFETCH(int, entered);
+    open();
+    model().setRows({{QStringLiteral("terminal.user"), QStringLiteral("Operator"),
+                      QStringLiteral("Header: General"), true}});
+    grab("operator-none.png");
+    QVERIFY(m_terminal->textOf(QStringLiteral("operatorName")).startsWith(QLatin1String("Enter name")));
+    model().setOperatorName(QStringLiteral("Ada Lovelace"));
+    QCOMPARE(m_terminal->textOf(QStringLiteral("operatorName")), QStringLiteral("Ada Lovelace"));
+    QSignalSpy toggled(&model(), &ProtocolModel::itemToggled);
+    QSignalSpy names(&model(), &ProtocolModel::operatorEntered);
+    QVERIFY(m_terminal->tap(QStringLiteral("operatorKey")));
+    grab("operator-dialog.png");
+    QQuickItem* const input = m_terminal->shown(QStringLiteral("textInput"));
+    QVERIFY(input);
+    QCOMPARE(input->property("text").toString(), QStringLiteral("Ada Lovelace"));
+    QVERIFY(input->hasActiveFocus());
+    input->setProperty("text", QStringLiteral("Grace Hopper"));
+    QVERIFY(m_terminal->tap(key));
+    QCOMPARE(names.count(), entered);
+    if (entered > 0)
+        QCOMPARE(names.first().first().toString(), QStringLiteral("Grace Hopper"));
+    QVERIFY(!m_terminal->shown(QStringLiteral("operatorDialog")));
+    QVERIFY(model().isOpen());
+    QCOMPARE(toggled.count(), 0); // The item stays chosen.
 }
 
 void tst_ProtocolMenu::opensFromTheApplicationMenu()

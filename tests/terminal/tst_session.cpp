@@ -69,6 +69,7 @@ private slots:
     void language();
     void languageOfTheCommandLine();
     void languageIsKept();
+    void operatorIsKept();
     void nothingIsStoredWithoutASettingsFile();
     void serialNumberOfTheSettings();
     void sicsAnswerOfAProtocol();
@@ -651,6 +652,28 @@ void TestSession::languageIsKept()
     m_fixture->options.settings = file;
     m_fixture->start();
     QCOMPARE(instrument().language(), QStringLiteral("de"));
+}
+
+void TestSession::operatorIsKept()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("terminal.ini"));
+    m_fixture->options.settings = file;
+    m_fixture->start();
+    ProtocolModel* const menu = instrument().protocol();
+    menu->setOpen(true);
+    QCOMPARE(menu->operatorName(), QString());
+    emit menu->operatorEntered(QStringLiteral("  Grace \t Müller "));
+    QCOMPARE(menu->operatorName(), QStringLiteral("Grace Müller"));
+    QCOMPARE(session().host().protocol().terminalItems().operatorName(), QStringLiteral("Grace Müller"));
+    session().shutDown();
+
+    m_fixture = std::make_unique<SessionFixture>();
+    m_fixture->options.settings = file;
+    m_fixture->start();
+    QCOMPARE(session().host().protocol().terminalItems().operatorName(), QStringLiteral("Grace Müller"));
+    instrument().protocol()->setOpen(true);
+    QCOMPARE(instrument().protocol()->operatorName(), QStringLiteral("Grace Müller"));
 }
 
 void TestSession::nothingIsStoredWithoutASettingsFile()

@@ -10,6 +10,7 @@ Item {
     readonly property QtObject protocol: instrument.protocol
 
     visible: protocol.open
+    onVisibleChanged: nameDialog.active = false
 
     MouseArea {
         anchors.fill: parent
@@ -95,7 +96,7 @@ Item {
                     id: name
                     anchors.left: box.right
                     anchors.leftMargin: 16
-                    anchors.right: parent.right
+                    anchors.right: model.uid === "terminal.user" ? operatorKey.left : parent.right
                     anchors.verticalCenter: parent.verticalCenter
                     text: model.name
                     textFormat: Text.PlainText
@@ -107,6 +108,41 @@ Item {
                     id: area
                     anchors.fill: parent
                     onClicked: menu.protocol.itemToggled(model.uid, !model.chosen)
+                }
+                Rectangle {
+                    id: operatorKey
+                    objectName: model.uid === "terminal.user" ? "operatorKey" : ""
+                    visible: model.uid === "terminal.user"
+                    anchors.right: parent.right
+                    anchors.rightMargin: 4
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: Math.min(parent.width / 2, operatorText.implicitWidth + 32)
+                    height: 38
+                    radius: Theme.radius
+                    color: operatorArea.pressed ? Theme.line : Theme.display
+                    border.width: 1
+                    border.color: Theme.inkFaint
+
+                    Text {
+                        id: operatorText
+                        objectName: "operatorName"
+                        anchors.fill: parent
+                        anchors.leftMargin: 16
+                        anchors.rightMargin: 16
+                        verticalAlignment: Text.AlignVCenter
+                        horizontalAlignment: Text.AlignHCenter
+                        text: menu.protocol.operatorName.length > 0 ? menu.protocol.operatorName
+                                                                    : qsTr("Enter name…")
+                        textFormat: Text.PlainText
+                        elide: Text.ElideRight
+                        font.pixelSize: Theme.bodySize
+                        color: menu.protocol.operatorName.length > 0 ? Theme.ink : Theme.inkSoft
+                    }
+                    MouseArea {
+                        id: operatorArea
+                        anchors.fill: parent
+                        onClicked: nameDialog.active = true
+                    }
                 }
             }
         }
@@ -234,6 +270,35 @@ Item {
                     anchors.fill: parent
                     onClicked: menu.protocol.open = false
                 }
+            }
+        }
+    }
+
+    Loader {
+        id: nameDialog
+        // The weight stays in sight.
+        anchors.fill: page
+        active: false
+        sourceComponent: Rectangle {
+            color: "#80000000"
+
+            // Keeps taps from reaching what is beneath.
+            MouseArea {
+                anchors.fill: parent
+            }
+            TextDialog {
+                objectName: "operatorDialog"
+                anchors.centerIn: parent
+                width: implicitWidth
+                height: implicitHeight
+                title: qsTr("Operator")
+                value: menu.protocol.operatorName
+                maximumLength: 60
+                onEntered: {
+                    menu.protocol.operatorEntered(text)
+                    nameDialog.active = false
+                }
+                onCancelled: nameDialog.active = false
             }
         }
     }

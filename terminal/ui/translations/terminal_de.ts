@@ -1794,6 +1794,14 @@
         <source>Done</source>
         <translation>Fertig</translation>
     </message>
+    <message>
+        <source>Enter name…</source>
+        <translation>Name eingeben …</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>Bediener</translation>
+    </message>
 </context>
 <context>
     <name>Readability</name>
