@@ -108,6 +108,7 @@ bool Procedure::start(const Batch& batch)
     }
     forgetSteps();
     m_batch = batch;
+    m_isSaved = true;
     m_component = -1;
     m_stepOwner = new QObject(this);
     const bool isResumed = m_batch.vessel > 0.0;
@@ -224,7 +225,8 @@ void Procedure::onReset()
 void Procedure::save()
 {
     QString error;
-    if (!m_store->save(m_batch, &error)) {
+    m_isSaved = m_store->save(m_batch, &error);
+    if (!m_isSaved) {
         emit failed(error);
     }
 }
@@ -273,6 +275,7 @@ QVariant Procedure::onFinish(QVariant argument, QVariant data)
     Q_UNUSED(data)
     m_batch.state = Batch::Complete;
     save();
+    translateStep(*stepOf(FinishStep)); // whether it is saved
     setPhase(Finished);
     emit completed();
     return m_batch.total();
@@ -367,6 +370,8 @@ void Procedure::tellDosing()
                      grams(highestReading(component, decimals())));
     if (!isWeightValid()) {
         state = m_gross.errorText;
+    } else if (m_phase == Dosing && !m_isSaved) {
+        state = tr("The batch could not be saved");
     } else if (m_phase == Judging) {
         state = tr("Waiting for a stable weight");
     } else if (m_phase == Refused) {
@@ -469,6 +474,7 @@ void Procedure::translateStep(Step& step)
         step.before.infoTextLine1 = tr("%1 is complete").arg(shortName(m_batch.recipe.name));
         step.before.infoTextLine2 =
             count == 1 ? tr("1 component weighed in") : tr("%1 components weighed in").arg(count);
+        step.before.infoTextLine3 = m_isSaved ? QString() : tr("The batch could not be saved");
         step.before.rightButtonText = tr("Finish");
         step.after = step.before;
     } else {
@@ -480,7 +486,9 @@ void Procedure::translateStep(Step& step)
         step.after.infoTextLine2 =
             tr("Component %1 of %2, target %3").arg(index + 1).arg(count).arg(grams(component.target));
         const bool isOut = index < m_batch.weighed.size() && !m_batch.isWithinTolerance(index, decimals());
-        step.after.infoTextLine3 = isOut ? tr("Out of tolerance") : QString();
+        step.after.infoTextLine3 = !m_isSaved ? tr("The batch could not be saved")
+                                   : isOut    ? tr("Out of tolerance")
+                                              : QString();
         step.after.rightButtonText = index + 1 < count ? tr("Next component") : tr("Complete the batch");
     }
 }

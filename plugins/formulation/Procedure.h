@@ -150,6 +150,7 @@ private:
     bool m_toleranceEnforced = true;
     Phase m_phase = Idle;
     Batch m_batch;
+    bool m_isSaved = true; ///< The batch as it is now.
     int m_component = -1;
     bool m_isFunctionRunning = false; ///< Of the step with the vessel.
     Brimvale::MesswertData m_gross;

@@ -298,6 +298,10 @@
         <translation>%1 bis %2</translation>
     </message>
     <message>
+        <source>The batch could not be saved</source>
+        <translation>Die Charge konnte nicht gespeichert werden</translation>
+    </message>
+    <message>
         <source>%1: within the tolerance now</source>
         <translation>%1: jetzt in der Toleranz</translation>
     </message>

@@ -426,10 +426,13 @@ void TestFormulation::folderThatCannotBeWritten()
     write(QStringLiteral("blocked"), "");
     TerminalProcess terminal;
     terminal.setVariable("BRIMVALE_PLUGIN_DATA", qPrintable(m_folder->filePath(QStringLiteral("blocked"))));
-    QVERIFY(
-        terminal.run(arguments("wait stable\npress formulation.start\nput on 200 g\nwait stable\nwait 1 s\n"
-                               "expect log The batch cannot be written to\n"
-                               "expect workflow Add 500.0 g of Wheat flour\n")));
+    QVERIFY(terminal.run(
+        arguments("wait stable\npress formulation.start\nput on 200 g\nwait stable\nwait 1 s\n"
+                  "expect log The batch cannot be written to\n"
+                  "expect workflow Add 500.0 g of Wheat flour\nexpect workflow The batch could not be saved\n"
+                  "put on 500 g\nwait stable\npress workflow.continue\nwait 1 s\n"
+                  "expect workflow Weighed in 500.0 g\nexpect workflow The batch could not be "
+                  "saved\nscreenshot unsaved.png\n")));
     COMPARE_EXIT_CODE(terminal, 0);
 }
 
