@@ -59,9 +59,11 @@ void FilePrinter::append(const QByteArray& bytes)
     if (ok)
         emit done();
     else
-        emit failed(tr("The file %1 cannot be written: %2. Check the path, its permissions and the free "
-                       "space, then repeat the print-out.")
-                        .arg(m_file, error));
+        emit failed(
+            {staticMetaObject.className(),
+             QT_TR_NOOP("The file %1 cannot be written: %2. Check the path, its permissions and the free "
+                        "space, then repeat the print-out."),
+             {m_file, error}});
 }
 
 } // namespace Terminal

@@ -95,9 +95,11 @@ void PdfPrinter::end()
     const QString name = freeName();
     QSaveFile file(name);
     const auto fail = [this, &file, &name] {
-        emit failed(tr("The PDF file %1 cannot be written: %2. Check the path, its permissions and the free "
-                       "space, then repeat the print-out.")
-                        .arg(name, file.errorString()));
+        emit failed(
+            {staticMetaObject.className(),
+             QT_TR_NOOP("The PDF file %1 cannot be written: %2. Check the path, its permissions and the free "
+                        "space, then repeat the print-out."),
+             {name, file.errorString()}});
     };
     if (!file.open(QIODevice::WriteOnly)) {
         fail();

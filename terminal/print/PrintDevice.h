@@ -2,6 +2,7 @@
 #ifndef BRIMVALE_PRINTDEVICE_H
 #define BRIMVALE_PRINTDEVICE_H
 
+#include "print/PrintCause.h"
 #include "print/PrintJob.h"
 
 #include <QObject>
@@ -44,8 +45,7 @@ public:
 
 signals:
     void done();
-    /// @p cause tells the person in whole sentences what is wrong and what to do.
-    void failed(const QString& cause);
+    void failed(const Brimvale::Terminal::PrintCause& cause);
 };
 
 } // namespace Terminal

@@ -18,6 +18,7 @@ namespace
 const QString Add = QStringLiteral("add");
 const QString Printed = QStringLiteral("printed");
 const QString Failed = QStringLiteral("failed");
+const QString Cause = QStringLiteral("cause");
 const QString Remove = QStringLiteral("remove");
 
 /// JSON numbers are exact up to 2^53 only.
@@ -70,7 +71,8 @@ bool apply(const QJsonObject& line, QVector<StoredPrint>* prints)
             found->printedBlocks =
                 std::clamp(line.value(QStringLiteral("blocks")).toInt(), 0, found->job.blocks().size());
         else if (operation == Failed)
-            found->cause = line.value(QStringLiteral("cause")).toString();
+            found->cause = line.value(Cause).isObject() ? PrintCause::fromJson(line.value(Cause).toObject())
+                                                        : PrintCause(line.value(Cause).toString());
         else
             prints->erase(found);
         return true;
@@ -124,9 +126,9 @@ bool PrintJournal::setPrinted(quint64 id, int blocks)
     return append({{Printed, numberText(id)}, {QStringLiteral("blocks"), blocks}});
 }
 
-bool PrintJournal::setFailed(quint64 id, const QString& cause)
+bool PrintJournal::setFailed(quint64 id, const PrintCause& cause)
 {
-    return append({{Failed, numberText(id)}, {QStringLiteral("cause"), cause}});
+    return append({{Failed, numberText(id)}, {Cause, cause.toJson()}});
 }
 
 bool PrintJournal::remove(quint64 id, bool isLast)

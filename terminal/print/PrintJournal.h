@@ -2,6 +2,7 @@
 #ifndef BRIMVALE_PRINTJOURNAL_H
 #define BRIMVALE_PRINTJOURNAL_H
 
+#include "print/PrintCause.h"
 #include "print/PrintJob.h"
 
 #include <QCoreApplication>
@@ -23,7 +24,7 @@ struct StoredPrint
     PrintJob job;
     qint64 timeMs = 0;     ///< When it was submitted.
     int printedBlocks = 0; ///< So many are on paper.
-    QString cause;         ///< Why printing stopped; empty: it did not.
+    PrintCause cause;      ///< Why printing stopped; empty: it did not.
 };
 
 /// Keeps the print-outs of a queue in a file until they are printed, so that they outlive the terminal.
@@ -51,7 +52,7 @@ public:
     // Each returns false when the file cannot be written; error() then tells why.
     bool add(const StoredPrint& print);
     bool setPrinted(quint64 id, int blocks);
-    bool setFailed(quint64 id, const QString& cause);
+    bool setFailed(quint64 id, const PrintCause& cause);
     bool remove(quint64 id, bool isLast);
 
     QString error() const { return m_error; }

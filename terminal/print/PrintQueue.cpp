@@ -8,6 +8,16 @@ namespace Brimvale
 namespace Terminal
 {
 
+namespace
+{
+
+PrintCause causeOf(const char* source)
+{
+    return PrintCause(PrintQueue::staticMetaObject.className(), source);
+}
+
+} // namespace
+
 PrintQueue::PrintQueue(Clock& clock, const QString& journalFile, QObject* parent)
     : QObject(parent)
     , m_clock(clock)
@@ -38,8 +48,9 @@ bool PrintQueue::load(QString* error)
         entry.printedBlocks = print.printedBlocks;
         entry.blocks = print.job.blocks().size();
         entry.timeMs = print.timeMs;
-        entry.cause =
-            print.cause.isEmpty() ? tr("The terminal was switched off before it was printed.") : print.cause;
+        entry.cause = print.cause.isEmpty()
+                          ? causeOf(QT_TR_NOOP("The terminal was switched off before it was printed."))
+                          : print.cause;
         m_entries.append(entry);
         m_jobs.append(print.job);
         m_lastId = std::max(m_lastId, print.id);
@@ -68,12 +79,13 @@ void PrintQueue::setDevice(Lane& lane, std::unique_ptr<PrintDevice> device)
         lane.device->cancel();
     }
     if (lane.id != 0)
-        onFailed(lane, tr("The printer was taken away. Repeat the print-out on the new one."));
+        onFailed(lane,
+                 causeOf(QT_TR_NOOP("The printer was taken away. Repeat the print-out on the new one.")));
     lane.device = std::move(device);
     if (lane.device) {
         connect(lane.device.get(), &PrintDevice::done, this, [this, &lane] { onDone(lane); });
         connect(lane.device.get(), &PrintDevice::failed, this,
-                [this, &lane](const QString& cause) { onFailed(lane, cause); });
+                [this, &lane](const PrintCause& cause) { onFailed(lane, cause); });
     }
     emit changed();
 }
@@ -141,8 +153,8 @@ bool PrintQueue::repeat()
 void PrintQueue::setWaiting(int index)
 {
     m_entries[index].state = State::Waiting;
-    m_entries[index].cause.clear();
-    keep(m_journal.setFailed(m_entries.at(index).id, QString()));
+    m_entries[index].cause = PrintCause();
+    keep(m_journal.setFailed(m_entries.at(index).id, PrintCause()));
 }
 
 bool PrintQueue::remove(quint64 id)
@@ -228,9 +240,13 @@ void PrintQueue::takeStep(Lane& lane)
     const PrintJob job = m_jobs.at(index);
     const int position = m_entries.at(index).printedBlocks;
     if (!lane.device) {
-        onFailed(lane, formatOf(lane) == PrintFormat::Sics
-                           ? tr("There is no output for SICS answers. Start the terminal with --sics PORT.")
-                           : tr("There is no printer. Start the terminal with --printer roll, for example."));
+        onFailed(
+            lane,
+            causeOf(
+                formatOf(lane) == PrintFormat::Sics
+                    ? QT_TR_NOOP("There is no output for SICS answers. Start the terminal with --sics PORT.")
+                    : QT_TR_NOOP(
+                        "There is no printer. Start the terminal with --printer roll, for example.")));
         return;
     }
     if (lane.step == Step::Blocks && position >= job.blocks().size())
@@ -240,9 +256,10 @@ void PrintQueue::takeStep(Lane& lane)
         lane.device->end();
         return;
     }
-    if (const std::optional<QString> fault = faultText(lane)) {
+    const PrintCause fault = faultOf(lane);
+    if (!fault.isEmpty()) {
         lane.device->cancel();
-        onFailed(lane, *fault);
+        onFailed(lane, fault);
         return;
     }
     if (lane.step == Step::Begin) {
@@ -278,15 +295,16 @@ bool PrintQueue::delay(Lane& lane, const QString& block)
     return true;
 }
 
-std::optional<QString> PrintQueue::faultText(const Lane& lane) const
+PrintCause PrintQueue::faultOf(const Lane& lane) const
 {
     if (formatOf(lane) == PrintFormat::Sics)
-        return std::nullopt;
+        return {};
     if (m_fault == PrinterFault::PaperOut)
-        return tr("The printer is out of paper. Put in paper, then repeat the print-out.");
+        return causeOf(QT_TR_NOOP("The printer is out of paper. Put in paper, then repeat the print-out."));
     if (m_fault == PrinterFault::Offline)
-        return tr("The printer is offline. Switch it on and check its cable, then repeat the print-out.");
-    return std::nullopt;
+        return causeOf(QT_TR_NOOP(
+            "The printer is offline. Switch it on and check its cable, then repeat the print-out."));
+    return {};
 }
 
 void PrintQueue::onDone(Lane& lane)
@@ -324,7 +342,7 @@ void PrintQueue::finish(Lane& lane, int index)
     emit printed(title);
 }
 
-void PrintQueue::onFailed(Lane& lane, const QString& cause)
+void PrintQueue::onFailed(Lane& lane, const PrintCause& cause)
 {
     const int index = indexOf(lane.id);
     if (index < 0)
@@ -339,7 +357,7 @@ void PrintQueue::onFailed(Lane& lane, const QString& cause)
     stop(lane);
     keep(m_journal.setFailed(id, cause));
     emit changed();
-    emit failed(tr("%1 is not printed: %2").arg(title, cause));
+    emit failed(tr("%1 is not printed: %2").arg(title, cause.text()));
 }
 
 void PrintQueue::stop(Lane& lane)

@@ -12,7 +12,6 @@
 #include <QVector>
 
 #include <memory>
-#include <optional>
 
 namespace Brimvale
 {
@@ -57,7 +56,7 @@ public:
         int printedBlocks = 0;
         int blocks = 0;
         qint64 timeMs = 0; ///< When it was submitted.
-        QString cause;     ///< Why it failed; otherwise empty.
+        PrintCause cause;  ///< Why it failed; otherwise empty.
     };
 
     /// The most print-outs that are kept.
@@ -152,10 +151,10 @@ private:
     bool takeNext(Lane& lane);
     void takeStep(Lane& lane);
     bool delay(Lane& lane, const QString& block);
-    std::optional<QString> faultText(const Lane& lane) const;
+    PrintCause faultOf(const Lane& lane) const;
     void onDone(Lane& lane);
     void finish(Lane& lane, int index);
-    void onFailed(Lane& lane, const QString& cause);
+    void onFailed(Lane& lane, const PrintCause& cause);
     void stop(Lane& lane);
     void erase(int index);
     void keep(bool ok);

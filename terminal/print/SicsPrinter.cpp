@@ -33,7 +33,10 @@ void SicsPrinter::print(const QString& block)
     if (m_sink && m_sink(lines.toLatin1()) > 0)
         emit done();
     else
-        emit failed(tr("No computer is connected to the SICS port. Connect one, then repeat the print-out."));
+        emit failed(
+            {staticMetaObject.className(),
+             QT_TR_NOOP(
+                 "No computer is connected to the SICS port. Connect one, then repeat the print-out.")});
 }
 
 void SicsPrinter::end()

@@ -100,9 +100,11 @@ void TcpPrinter::write(const QByteArray& bytes, Step step)
 {
     m_step = step;
     if (m_broken || m_socket.state() != QAbstractSocket::ConnectedState) {
-        fail(tr("The connection to the printer %1 is broken. Switch the printer on and check its cable, then "
-                "repeat the print-out.")
-                 .arg(address()));
+        fail({staticMetaObject.className(),
+              QT_TR_NOOP("The connection to the printer %1 is broken. Switch the printer on and check its "
+                         "cable, then "
+                         "repeat the print-out."),
+              {address()}});
         return;
     }
     m_timeout.start(m_writeMs);
@@ -168,9 +170,11 @@ void TcpPrinter::onError(QAbstractSocket::SocketError error)
     case Step::Idle: // What was sent was acknowledged. A break shows at the next write.
         break;
     case Step::Connect:
-        fail(tr("The printer %1 cannot be reached: %2. Switch the printer on, check its cable and the "
-                "address, then repeat the print-out.")
-                 .arg(address(), reason));
+        fail({staticMetaObject.className(),
+              QT_TR_NOOP(
+                  "The printer %1 cannot be reached: %2. Switch the printer on, check its cable and the "
+                  "address, then repeat the print-out."),
+              {address(), reason}});
         break;
     case Step::Write:
     case Step::WriteEnd:
@@ -179,9 +183,12 @@ void TcpPrinter::onError(QAbstractSocket::SocketError error)
             succeed();
             break;
         }
-        fail(tr("The connection to the printer %1 is broken: %2. Switch the printer on and check its cable, "
-                "then repeat the print-out.")
-                 .arg(address(), reason));
+        fail(
+            {staticMetaObject.className(),
+             QT_TR_NOOP(
+                 "The connection to the printer %1 is broken: %2. Switch the printer on and check its cable, "
+                 "then repeat the print-out."),
+             {address(), reason}});
         break;
     }
 }
@@ -189,17 +196,21 @@ void TcpPrinter::onError(QAbstractSocket::SocketError error)
 void TcpPrinter::onTimeout()
 {
     if (m_step == Step::Connect)
-        fail(
-            tr("The printer %1 does not answer. Switch the printer on, check its cable and the address, then "
-               "repeat the print-out.")
-                .arg(address()));
+        fail({staticMetaObject.className(),
+              QT_TR_NOOP("The printer %1 does not answer. Switch the printer on, check its cable and the "
+                         "address, then "
+                         "repeat the print-out."),
+              {address()}});
     else if (m_step != Step::Idle)
-        fail(tr("The printer %1 takes no more data. Check its paper and that it is switched on, then repeat "
-                "the print-out.")
-                 .arg(address()));
+        fail(
+            {staticMetaObject.className(),
+             QT_TR_NOOP(
+                 "The printer %1 takes no more data. Check its paper and that it is switched on, then repeat "
+                 "the print-out."),
+             {address()}});
 }
 
-void TcpPrinter::fail(const QString& cause)
+void TcpPrinter::fail(const PrintCause& cause)
 {
     cancel();
     emit failed(cause);

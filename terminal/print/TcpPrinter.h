@@ -57,7 +57,7 @@ private:
     void onConnected();
     void onError(QAbstractSocket::SocketError error);
     void onTimeout();
-    void fail(const QString& cause);
+    void fail(const PrintCause& cause);
     QString address() const;
 
     const QString m_host;

@@ -107,7 +107,8 @@ QVariantList PrinterModel::prints() const
             detail = tr("Printing, %1 of %2").arg(entry.printedBlocks).arg(entry.blocks);
             break;
         case PrintQueue::State::Failed:
-            detail = tr("%1 of %2 printed. %3").arg(entry.printedBlocks).arg(entry.blocks).arg(entry.cause);
+            detail =
+                tr("%1 of %2 printed. %3").arg(entry.printedBlocks).arg(entry.blocks).arg(entry.cause.text());
             break;
         }
         prints.append(

@@ -319,7 +319,7 @@ void TestPrintDevices::fileCannotBeWritten()
     m_queue->setPrinter(std::make_unique<FilePrinter>(name));
     submit(makeJob({QStringLiteral("A\r\n")}));
     QCOMPARE(m_queue->failedCount(), 1);
-    QVERIFY(m_queue->entries().at(0).cause.contains(name));
+    QVERIFY(m_queue->entries().at(0).cause.text().contains(name));
 }
 
 void TestPrintDevices::fileIsMended()
@@ -458,7 +458,7 @@ void TestPrintDevices::tcpIsNotThere()
     submit(makeJob({QStringLiteral("A\r\n")}));
     QVERIFY(waitForAnswer());
     QCOMPARE(m_queue->failedCount(), 1);
-    const QString cause = m_queue->entries().at(0).cause;
+    const QString cause = m_queue->entries().at(0).cause.text();
     QVERIFY2(cause.startsWith(QStringLiteral("The printer 127.0.0.1:%1 cannot be reached: ").arg(port)),
              qPrintable(cause));
 }
@@ -485,7 +485,7 @@ void TestPrintDevices::tcpTakesNothing()
         QVERIFY(waitForAnswer());
     }
     QCOMPARE(m_queue->failedCount(), 1);
-    const QString cause = m_queue->entries().at(0).cause;
+    const QString cause = m_queue->entries().at(0).cause.text();
     QVERIFY2(cause.contains(QStringLiteral("takes no more data")), qPrintable(cause));
 }
 

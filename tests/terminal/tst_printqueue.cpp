@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTranslator>
 #include <QtTest>
 
 #include <memory>
@@ -146,6 +147,7 @@ private slots:
     void keepingFails();
     void keepsEverythingOfAPrintOut();
     void keptForOneTerminalOnly();
+    void keptCauseFollowsTheLanguage();
     void beginsAnewOnADeviceThatPrintsAsAWhole();
 
 private:
@@ -315,7 +317,7 @@ void TestPrintQueue::bootsAfterAFaultAtEveryBlock()
     QVERIFY(m_loaded);
     QCOMPARE(queue->count(), 1);
     QCOMPARE(queue->entries().at(0).state, State::Failed);
-    QCOMPARE(queue->entries().at(0).cause, QStringLiteral("print fails."));
+    QCOMPARE(queue->entries().at(0).cause.text(), QStringLiteral("print fails."));
     QCOMPARE(queue->entries().at(0).printedBlocks, asAWhole ? 0 : block);
     m_paper.failBefore = -1;
     usePrinter(*queue, asAWhole);
@@ -333,7 +335,7 @@ void TestPrintQueue::tellsOfAFailure()
     QVERIFY(queue->submit(makeJob(QStringLiteral("Batch"))));
     QCOMPARE(failed.count(), 1);
     QCOMPARE(failed.at(0).at(0).toString(), QStringLiteral("Batch is not printed: print fails."));
-    QCOMPARE(queue->entries().at(0).cause, QStringLiteral("print fails."));
+    QCOMPARE(queue->entries().at(0).cause.text(), QStringLiteral("print fails."));
     QCOMPARE(queue->lastPrint(), QString());
 }
 
@@ -397,7 +399,7 @@ void TestPrintQueue::benchFaults()
     queue->setFault(fault);
     QVERIFY(queue->submit(makeJob(QStringLiteral("A"))));
     QVERIFY(m_paper.lines.isEmpty());
-    QTEST(queue->entries().at(0).cause, "cause");
+    QTEST(queue->entries().at(0).cause.text(), "cause");
     QVERIFY(queue->repeat());
     QCOMPARE(queue->failedCount(), 1); // It has not been mended.
     queue->setFault(PrinterFault::None);
@@ -568,7 +570,7 @@ void TestPrintQueue::withoutAPrinterAfterARestart()
     restart(queue);
     QVERIFY(queue->repeat());
     QCOMPARE(queue->failedCount(), 1);
-    QVERIFY(queue->entries().at(0).cause.contains(QStringLiteral("--printer")));
+    QVERIFY(queue->entries().at(0).cause.text().contains(QStringLiteral("--printer")));
 }
 
 void TestPrintQueue::asynchronousPrinter()
@@ -596,7 +598,7 @@ void TestPrintQueue::lateAnswersAreIgnored()
     emit printer->done();
     emit printer->failed(QStringLiteral("late"));
     QCOMPARE(queue->entries().at(0).printedBlocks, 0);
-    QVERIFY(queue->entries().at(0).cause != QStringLiteral("late"));
+    QVERIFY(queue->entries().at(0).cause.text() != QStringLiteral("late"));
 }
 
 void TestPrintQueue::whatIsPrintedIsNotKept()
@@ -624,7 +626,7 @@ void TestPrintQueue::keptWithoutEnd()
     restart(queue);
     QCOMPARE(queue->count(), 2);
     QCOMPARE(queue->entries().at(0).printedBlocks, 1);
-    QCOMPARE(queue->entries().at(0).cause,
+    QCOMPARE(queue->entries().at(0).cause.text(),
              QStringLiteral("The terminal was switched off before it was printed."));
     QCOMPARE(queue->failedCount(), 2);
     m_paper.answers = true;
@@ -713,6 +715,34 @@ void TestPrintQueue::keepsEverythingOfAPrintOut()
     queue->setSicsOutput(std::make_unique<RecordingPrinter>(m_paper, false));
     QVERIFY(queue->repeat());
     QCOMPARE(queue->lastPrint(), job.text());
+}
+
+void TestPrintQueue::keptCauseFollowsTheLanguage()
+{
+    /// Turns everything that is translated into capital letters.
+    class Capitals : public QTranslator
+    {
+    public:
+        bool isEmpty() const override { return false; }
+        QString translate(const char*, const char* source, const char*, int) const override
+        {
+            return QString::fromUtf8(source).toUpper();
+        }
+    };
+    auto queue = makeQueue(true);
+    usePrinter(*queue);
+    queue->setFault(PrinterFault::PaperOut);
+    QVERIFY(queue->submit(makeJob(QStringLiteral("A"))));
+    const QString cause =
+        QStringLiteral("The printer is out of paper. Put in paper, then repeat the print-out.");
+    QCOMPARE(queue->entries().at(0).cause.text(), cause);
+    Capitals capitals;
+    QVERIFY(QCoreApplication::installTranslator(&capitals));
+    QCOMPARE(queue->entries().at(0).cause.text(), cause.toUpper());
+    restart(queue); // It is kept in this language now.
+    QCOMPARE(queue->entries().at(0).cause.text(), cause.toUpper());
+    QCoreApplication::removeTranslator(&capitals);
+    QCOMPARE(queue->entries().at(0).cause.text(), cause);
 }
 
 /// Two terminals with the same settings file.
