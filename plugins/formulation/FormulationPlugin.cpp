@@ -406,14 +406,16 @@ void FormulationPlugin::onProcedureEnded()
 {
     const Batch batch = m_procedure->batch();
     m_interrupted.reset();
-    if (batch.state == Batch::Complete) {
-        setMessage(Message::Complete);
-    } else if (batch.vessel > 0.0) {
+    if (batch.vessel > 0.0) {
         m_last = batch;
         m_protocol->setBatch(m_last, decimals());
-        setMessage(Message::Aborted);
+    }
+    if (!m_procedure->isSaved()) {
+        // The message that says why stays.
+    } else if (batch.state == Batch::Complete) {
+        setMessage(Message::Complete);
     } else {
-        setMessage(Message::NothingWeighed);
+        setMessage(batch.vessel > 0.0 ? Message::Aborted : Message::NothingWeighed);
     }
     showPage();
     onNewMeasurementValue();

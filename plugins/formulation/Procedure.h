@@ -80,6 +80,8 @@ public:
 
     Phase phase() const { return m_phase; }
     const Batch& batch() const { return m_batch; }
+    /// Whether the batch could be written as it is now.
+    bool isSaved() const { return m_isSaved; }
     /// The place in the recipe of the component at work or weighed last.
     int component() const { return m_component; }
     int decimals() const;

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -89,6 +90,7 @@ private slots:
     void goingBackWithdraws();
     void abortKeepsTheRecord();
     void abortAtTheVesselKeepsNothing();
+    void saysWhatCouldNotBeSaved();
     void completes();
     void closeLeavesTheBatch();
     void resumes_data();
@@ -522,6 +524,21 @@ void TestFormulationPlugin::abortAtTheVesselKeepsNothing()
     QCOMPARE(QDir(FormulationPlugin::dataFolder()).entryList(QDir::Files),
              QStringList{QStringLiteral("recipes.json")});
     QCOMPARE(property("message").toString(), QStringLiteral("Aborted before anything was weighed in."));
+}
+
+void TestFormulationPlugin::saysWhatCouldNotBeSaved()
+{
+    beginBatch();
+    weighIn(0, 300.0);
+    // In the place of the record stands a folder, which no rights help against.
+    QVERIFY(QDir().mkpath(data("batch-0001.json/x")));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("^The batch cannot be written to ")));
+    emit m_host->workflowManager()->NotifyWorkflowFinished(false);
+    QVERIFY2(property("message").toString().startsWith(QLatin1String("The batch cannot be written to ")),
+             qPrintable(property("message").toString()));
+    QCOMPARE(property("severity").toInt(), int(FormulationViewModel::Wrong));
+    QVERIFY(QFile::exists(data("unfinished.json"))); // what was written before is still there
 }
 
 void TestFormulationPlugin::completes()
