@@ -4,6 +4,8 @@
 #include "ProgressbarItem.h"
 #include "core/Logging.h"
 
+#include <QPointer>
+
 namespace Brimvale
 {
 
@@ -60,7 +62,11 @@ void Progressbar::setSteps(int steps)
         return;
     }
     m_steps = steps;
+    const QPointer<Progressbar> self(this);
     emit stepsChanged();
+    if (self.isNull()) {
+        return;
+    }
     // The old marks stay children: a view may still hold them.
     m_model.clear();
     for (int step = 0; step < steps; ++step) {
@@ -74,8 +80,12 @@ void Progressbar::setStepDone(int index, bool done)
     if (index < 0 || index >= m_model.size()) {
         return;
     }
+    // A slot of the item's signal may destroy the bar.
+    const QPointer<Progressbar> self(this);
     static_cast<ProgressbarItem*>(m_model.at(index))->setIsDone(done);
-    emit modelChanged();
+    if (!self.isNull()) {
+        emit modelChanged();
+    }
 }
 
 void Progressbar::Reset()

@@ -49,6 +49,8 @@ private slots:
     void stepDoneIsRepeated();
     void stepDoneSignalsTheItemFirst();
     void stepMayBeTakenBack();
+    void barMayBeDestroyedByItsSignals_data();
+    void barMayBeDestroyedByItsSignals();
     void screenReadsEveryProperty();
     void typeOfTheListIsRegistered();
     void declaresPropertiesAndSignals();
@@ -350,6 +352,39 @@ void TestProgressbar::stepMayBeTakenBack()
     m_bar->setStepDone(1, true);
     m_bar->setStepDone(1, false);
     QCOMPARE(marks(), QStringLiteral("--"));
+}
+
+void TestProgressbar::barMayBeDestroyedByItsSignals_data()
+{
+    QTest::addColumn<bool>("byItem");
+    QTest::newRow("signal of a mark") << true;
+    QTest::newRow("signal of the number of steps") << false;
+}
+
+void TestProgressbar::barMayBeDestroyedByItsSignals()
+{
+    QFETCH(bool, byItem);
+    m_bar->setSteps(2);
+    int modelSignals = 0;
+    connect(m_bar.get(), &Progressbar::modelChanged, this, [&modelSignals] { ++modelSignals; });
+    QObject context;
+    const auto destroy = [this] { m_bar.reset(); };
+    if (byItem) {
+        // The mark outlives the bar, which sends the signal of the model after the one of the mark.
+        auto* const item = static_cast<ProgressbarItem*>(m_list.first());
+        item->setParent(&context);
+        connect(item, &ProgressbarItem::isDoneChanged, &context, destroy);
+        Progressbar* const bar = m_bar.get();
+        bar->setStepDone(0, true);
+    } else {
+        connect(m_bar.get(), &Progressbar::stepsChanged, &context, destroy);
+        Progressbar* const bar = m_bar.get();
+        bar->setSteps(3);
+        // The list is the creator's: nothing is put into it for a bar that is no more.
+        QCOMPARE(m_list.size(), 2);
+    }
+    QVERIFY(!m_bar);
+    QCOMPARE(modelSignals, 0);
 }
 
 void TestProgressbar::screenReadsEveryProperty()
