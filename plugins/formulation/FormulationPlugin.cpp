@@ -63,7 +63,7 @@ void FormulationPlugin::FillPluginId(PluginId& id)
 {
     id.identifier = QStringLiteral("formulation");
     id.kind = QStringLiteral("plugin");
-    id.addonNumber = 3;
+    id.addonNumber = 4;
     id.hasProtocol = true;
     id.protocolName = tr("Print-outs");
     id.checkPrintOnClose = true;
