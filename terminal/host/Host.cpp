@@ -163,6 +163,7 @@ Host::Host(Scale& scale, Clock& clock, ScreenHost& screen, const HostSettings& s
     connect(&m_plugins, &PluginManager::initialised, this, &Host::onInitialised);
     connect(&m_plugins, &PluginManager::aboutToStart, this, &Host::onAboutToStart);
     connect(&m_plugins, &PluginManager::pluginStarted, this, &Host::onStarted);
+    connect(&m_plugins, &PluginManager::aboutToClose, this, &Host::storeProfile);
     connect(&m_plugins, &PluginManager::released, this, &Host::onReleased);
     connect(&m_plugins, &PluginManager::faultOccurred, this, &Host::onFault);
     connect(&m_plugins, &PluginManager::activePluginChanged, this, &Host::updateProtocol);
@@ -226,11 +227,20 @@ QVector<ActionState> Host::workflowKeys() const
     return keys;
 }
 
+bool Host::pressAction(const QString& uid)
+{
+    const bool pressed = m_actionBar.press(uid);
+    storeProfile();
+    return pressed;
+}
+
 bool Host::pressWorkflowKey(const QString& uid)
 {
     WorkflowRunner& workflow = m_workflowManager.runner();
-    return workflow.press(uid)
-           || (workflow.isRunning() && uid == workflow.actionUid() && m_actionBar.press(uid));
+    const bool pressed = workflow.press(uid)
+                         || (workflow.isRunning() && uid == workflow.actionUid() && m_actionBar.press(uid));
+    storeProfile();
+    return pressed;
 }
 
 bool Host::pressPrint()
@@ -322,6 +332,15 @@ void Host::onStarted()
     const QString identifier = m_plugins.plugins().at(m_plugins.activeIndex()).identifier;
     m_pluginProfiles.apply(*m_plugins.activePlugin(), identifier);
     updateModels();
+}
+
+/// Stores what the running plug-in has changed in its profile of its own accord.
+void Host::storeProfile()
+{
+    if (m_plugins.isRunning()) {
+        const int index = m_plugins.activeIndex();
+        m_pluginProfiles.storeChanges(*m_plugins.activePlugin(), m_plugins.plugins().at(index).identifier);
+    }
 }
 
 void Host::onReleased()

@@ -154,9 +154,11 @@ public:
     void setCalibrationDue(bool due);
 
     /// Presses a button of the action bar. Returns false when there is none of that uid or it is disabled.
-    bool pressAction(const QString& uid) { return m_actionBar.press(uid); }
+    /// What the plug-in has changed of its settings meanwhile is stored.
+    bool pressAction(const QString& uid);
 
-    /// Presses a key of workflowKeys(). Returns false when there is none of that uid or it is disabled.
+    /// Presses a key of workflowKeys(). Returns false when there is none of that uid or it is disabled. Stores like
+    /// pressAction().
     bool pressWorkflowKey(const QString& uid);
 
     /// Presses the print button. With an active plug-in its slot onDoPrint() is called; without one the
@@ -200,6 +202,7 @@ private:
     void onInitialised(int index);
     void onAboutToStart();
     void onStarted();
+    void storeProfile();
     void onReleased();
     void onFault(const PluginFault& fault);
     void updateModels();

@@ -361,6 +361,7 @@ void PluginManager::start()
 
 void PluginManager::close()
 {
+    emit aboutToClose();
     Plugin& plugin = at(m_active);
     plugin.state = PluginState::Closing;
     m_released = false;

@@ -185,6 +185,8 @@ signals:
     void aboutToStart();
     /// The active plug-in is running.
     void pluginStarted();
+    /// The active plug-in is about to be closed; all its objects still exist.
+    void aboutToClose();
     /// What the active plug-in published and offered must be taken back now: it begins to close or has
     /// failed.
     void released();

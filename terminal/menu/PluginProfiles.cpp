@@ -82,6 +82,102 @@ void PluginProfiles::apply(IPlugin& plugin, const QString& identifier)
     for (auto value = values.cbegin(); value != values.cend(); ++value) {
         call("ApplyProfileItem", [&] { plugin.ApplyProfileItem(value.key(), *value); });
     }
+    m_started = &plugin;
+    m_known = menuValuesOf(plugin);
+}
+
+void PluginProfiles::storeChanges(IPlugin& plugin, const QString& identifier)
+{
+    if (m_started != &plugin) {
+        return; // it was not given its values either
+    }
+    const QMap<int, QVariant> now = menuValuesOf(plugin);
+    const QMap<int, QVariant> before = std::exchange(m_known, now);
+    if (now == before) {
+        return;
+    }
+    IMenuList* const menu = plugin.GetPluginMenu(); // has been asked by menuValuesOf()
+    const QString path = menu->GetMenuFilePath();
+    const QMap<int, QString> stored = m_parameters.values(path, m_statusInfo.owner(), identifier);
+    QMap<int, QVariant> changed;
+    for (auto value = now.cbegin(); value != now.cend(); ++value) {
+        if (before.value(value.key()) == *value) {
+            continue;
+        }
+        // What was set on the settings screen is stored already.
+        const auto text = stored.constFind(value.key());
+        if (text != stored.constEnd() && *text == storedText(*menu, value.key(), *value)) {
+            continue;
+        }
+        bool accepted = false;
+        call("IsItemValueValid", [&] { accepted = menu->IsItemValueValid(value.key(), *value); });
+        if (accepted) {
+            changed.insert(value.key(), *value);
+        }
+    }
+    if (!changed.isEmpty()) {
+        store(*menu, path, identifier, changed);
+    }
+}
+
+/// The values of all items as the menu of the plug-in has them; none when it has no menu or fails.
+QMap<int, QVariant> PluginProfiles::menuValuesOf(IPlugin& plugin)
+{
+    IMenuList* menu = nullptr;
+    QString path;
+    const bool found = call("GetPluginMenu", [&] { menu = plugin.GetPluginMenu(); }) && menu != nullptr
+                       && call("GetMenuFilePath", [&] { path = menu->GetMenuFilePath(); });
+    const MenuFile* const file = found ? m_menus.menu(path) : nullptr;
+    QMap<int, QVariant> values;
+    const QList<MenuItem> items = file != nullptr ? file->items() : QList<MenuItem>();
+    for (const MenuItem& item : items) {
+        QVariant value;
+        if (hasValue(item) && call("GetItemValue", [&] { value = typed(item, menu->GetItemValue(item.id)); })
+            && value.isValid()) {
+            values.insert(item.id, value);
+        }
+    }
+    return values;
+}
+
+/// What is stored of a selection may be the unique name of an entry.
+QVariant PluginProfiles::resolved(IMenuList& menu, const MenuItem& item, const QVariant& stored)
+{
+    if (item.kind != QLatin1String("selection") || !stored.isValid()) {
+        return stored;
+    }
+    QVariant value = stored;
+    call("GetIndexFromUniqueNameInSelectionList", [&] {
+        const int index = menu.GetIndexFromUniqueNameInSelectionList(item.id, stored.toString());
+        const MenuSelection list = selectionOf(menu, item.id);
+        if (index >= 0 && index < list.values.size()) {
+            value = list.values.at(index);
+        }
+    });
+    return value;
+}
+
+QString PluginProfiles::storedText(IMenuList& menu, int id, const QVariant& value)
+{
+    QString name;
+    call("GetUniqueNameFromIndexInSelectionList", [&] {
+        const int index = selectionOf(menu, id).values.indexOf(value.toString());
+        if (index >= 0) {
+            name = menu.GetUniqueNameFromIndexInSelectionList(id, index);
+        }
+    });
+    return name.isEmpty() ? textOf(value) : name;
+}
+
+MenuSelection PluginProfiles::selectionOf(IMenuList& menu, int id)
+{
+    MenuSelection selection;
+    menu.GetSelectionList(id, &selection.names, &selection.values);
+    // An entry without a value is known by its name.
+    for (int i = selection.values.size(); i < selection.names.size(); ++i) {
+        selection.values.append(selection.names.at(i));
+    }
+    return selection;
 }
 
 QMap<int, QVariant> PluginProfiles::valuesOf(IPlugin& plugin, const QString& identifier, bool tell)
@@ -102,10 +198,10 @@ QMap<int, QVariant> PluginProfiles::valuesOf(IPlugin& plugin, const QString& ide
         if (!hasValue(item)) {
             continue;
         }
-        QVariant value = item.defaultValue;
+        QVariant value = resolved(*menu, item, item.defaultValue);
         const auto text = stored.constFind(item.id);
         if (text != stored.constEnd()) {
-            const QVariant own = valueOf(item, *text);
+            const QVariant own = resolved(*menu, item, valueOf(item, *text));
             bool accepted = own.isValid();
             if (accepted) {
                 call("IsItemValueValid", [&] { accepted = menu->IsItemValueValid(item.id, own); });
@@ -128,12 +224,12 @@ QMap<int, QVariant> PluginProfiles::valuesOf(IPlugin& plugin, const QString& ide
     return values;
 }
 
-bool PluginProfiles::store(const QString& menuFilePath, const QString& identifier,
+bool PluginProfiles::store(IMenuList& menu, const QString& menuFilePath, const QString& identifier,
                            const QMap<int, QVariant>& values)
 {
     QMap<int, QString> texts;
     for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        texts.insert(value.key(), textOf(*value));
+        texts.insert(value.key(), storedText(menu, value.key(), *value));
     }
     QString error;
     if (m_parameters.setValues(menuFilePath, m_statusInfo.owner(), identifier, texts, &error)) {

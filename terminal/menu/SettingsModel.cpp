@@ -218,16 +218,10 @@ bool SettingsModel::range(int id, double* minimum, double* maximum)
            && *minimum <= *maximum;
 }
 
-SettingsModel::Selection SettingsModel::selection(int id)
+MenuSelection SettingsModel::selection(int id)
 {
-    Selection selection;
-    ask("GetSelectionList", false,
-        [&](IMenuList& menu) { return menu.GetSelectionList(id, &selection.names, &selection.values); });
-    // An entry without a value is known by its name.
-    for (int i = selection.values.size(); i < selection.names.size(); ++i) {
-        selection.values.append(selection.names.at(i));
-    }
-    return selection;
+    return ask("GetSelectionList", MenuSelection(),
+               [&](IMenuList& menu) { return PluginProfiles::selectionOf(menu, id); });
 }
 
 QString SettingsModel::numberText(const MenuItem& item, double number)
@@ -261,7 +255,7 @@ QString SettingsModel::valueText(const MenuItem& item)
         return numberText(item, value.toDouble());
     }
     if (item.kind == QLatin1String("selection")) {
-        const Selection list = selection(item.id);
+        const MenuSelection list = selection(item.id);
         const int index = list.values.indexOf(value.toString());
         return index >= 0 && index < list.names.size() ? list.names.at(index) : value.toString();
     }
@@ -491,7 +485,7 @@ SettingsModel::Dialog SettingsModel::dialogOf(const MenuItem& item)
         dialog.maximumLength = item.maximumLength > 0 ? item.maximumLength : UsualTextLength;
     } else if (item.kind == QLatin1String("selection")) {
         dialog.name = QStringLiteral("selection");
-        const Selection list = selection(item.id);
+        const MenuSelection list = selection(item.id);
         const QString current = itemValue(item).toString();
         for (int i = 0; i < list.names.size(); ++i) {
             m_choices.append(new SelectListItem(this, list.names.at(i), QString(), i, QString(),
@@ -644,7 +638,7 @@ QString SettingsModel::choose(int index)
         return tr("Nothing is asked for.");
     }
     const MenuItem asked = *found;
-    const Selection list = selection(asked.id);
+    const MenuSelection list = selection(asked.id);
     if (index < 0 || index >= list.names.size()) {
         return tr("There is no such entry.");
     }
@@ -743,8 +737,8 @@ void SettingsModel::storeChanges(const QMap<int, QVariant>& before, const QMap<i
             changed.insert(value.key(), *value);
         }
     }
-    if (!changed.isEmpty() && !m_path.isEmpty()) {
-        m_profiles.store(m_path, m_subject.identifier, changed);
+    if (!changed.isEmpty() && m_menu != nullptr) {
+        m_profiles.store(*m_menu, m_path, m_subject.identifier, changed);
     }
 }
 
@@ -781,7 +775,7 @@ QString SettingsModel::set(int id, const QString& text)
     if (wanted.kind != QLatin1String("selection")) {
         return enter(text);
     }
-    const Selection list = selection(id);
+    const MenuSelection list = selection(id);
     const int byName = list.names.indexOf(text);
     const int index = byName >= 0 ? byName : list.values.indexOf(text);
     return index >= 0 ? choose(index)

@@ -27,6 +27,7 @@ namespace Terminal
 class MenuStore;
 class Notices;
 class PluginProfiles;
+struct MenuSelection;
 
 /// Whose settings are shown; nothing is owned.
 struct SettingsSubject
@@ -194,11 +195,6 @@ private:
         bool isSigned = false;
         int maximumLength = 0;
     };
-    struct Selection
-    {
-        QStringList names;
-        QStringList values;
-    };
 
     template <typename Result, typename Code>
     Result ask(const char* operation, Result fallback, Code&& code);
@@ -212,7 +208,7 @@ private:
     QString valueText(const MenuItem& item);
     QString helpFile(const MenuItem& item);
     bool range(int id, double* minimum, double* maximum);
-    Selection selection(int id);
+    MenuSelection selection(int id);
     static QString numberText(const MenuItem& item, double number);
     Row row(const MenuItem& item);
     QVector<Row> rows();

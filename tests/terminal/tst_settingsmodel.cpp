@@ -65,6 +65,13 @@ private slots:
     void storedParameterOfThePlugin();
     void settingsFileThatCannotBeWritten();
     void applyThatThrows();
+    void setByThePlugin_data();
+    void setByThePlugin();
+    void setByThePluginWhatItsMenuRefuses();
+    void setByThePluginThatFails();
+    void selectionIsStoredByItsUniqueName_data();
+    void selectionIsStoredByItsUniqueName();
+    void uniqueNamesOfAMenuThatFails();
 
 private:
     void start();
@@ -753,6 +760,112 @@ void tst_SettingsModel::applyThatThrows()
                                 "settings: std::runtime_error: the fixture failed on purpose")}));
     // The others were applied nevertheless.
     QVERIFY(takeSteps().contains(QStringLiteral("ApplyProfileItem 25 0.125")));
+}
+
+void tst_SettingsModel::setByThePlugin_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("number") << 11 << QVariant(12.5) << "12.5";
+    QTest::newRow("whole number") << 12 << QVariant(9) << "9";
+    QTest::newRow("selection") << 13 << QVariant(QStringLiteral("b")) << "b";
+    QTest::newRow("yes/no") << 20 << QVariant(false) << "false";
+    QTest::newRow("text") << 21 << QVariant(QStringLiteral("A 7")) << "A 7";
+}
+
+void tst_SettingsModel::setByThePlugin()
+{
+    QFETCH(int, id);
+    QFETCH(QVariant, value);
+    QFETCH(QString, stored);
+    const QString key = QStringLiteral("user/fixture_menu/:/fixture/menu.json/%1").arg(id);
+    const auto storedNow = [&] { return QSettings(m_file, QSettings::IniFormat).value(key).toString(); };
+    const QVariant before =
+        host().storedParameters().value(QStringLiteral(":/fixture/menu.json"), QStringLiteral("user"),
+                                        QStringLiteral("fixture_menu"), QString(), id);
+    QCOMPARE(before.toString(), QString());
+
+    // By a key: as soon as the plug-in has done what it is for.
+    plugin()->setProperty("settingOfAction", QVariantList{id, value});
+    QVERIFY(host().pressAction(QStringLiteral("fixture.action")));
+    QCOMPARE(storedNow(), stored);
+    QCOMPARE(QSettings(m_file, QSettings::IniFormat).allKeys(), QStringList{key});
+
+    // Otherwise: when it closes.
+    QVERIFY(QFile::remove(m_file));
+    stop();
+    start();
+    host().plugins().activePlugin()->SetProfileItem(id, value, QString());
+    QVERIFY(!QFile::exists(m_file));
+    restart();
+    QCOMPARE(storedNow(), stored);
+    QVERIFY(takeSteps().contains(QStringLiteral("ApplyProfileItem %1 %2").arg(id).arg(value.toString())));
+    QCOMPARE(m_fixture->notices, QStringList());
+}
+
+void tst_SettingsModel::setByThePluginWhatItsMenuRefuses()
+{
+    IPlugin* const running = host().plugins().activePlugin();
+    running->SetProfileItem(11, 5000.0, QString());
+    running->SetProfileItem(12, 7, QString());
+    restart();
+    const QStringList applied = takeSteps();
+    QVERIFY(applied.contains(QStringLiteral("ApplyProfileItem 11 500")));
+    QVERIFY(applied.contains(QStringLiteral("ApplyProfileItem 12 7")));
+    QCOMPARE(m_fixture->notices, QStringList());
+}
+
+void tst_SettingsModel::setByThePluginThatFails()
+{
+    host().plugins().activePlugin()->SetProfileItem(12, 7, QString());
+    plugin()->setProperty("menuFault", QStringLiteral("GetItemValue"));
+    QVERIFY(host().plugins().closeAll());
+    QVERIFY(!QFile::exists(m_file));
+    QCOMPARE(m_fixture->noticesWith(QStringLiteral("error: The application failed in GetItemValue()")).size(),
+             1);
+}
+
+void tst_SettingsModel::selectionIsStoredByItsUniqueName_data()
+{
+    QTest::addColumn<QString>("chosen");
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("applied");
+    QTest::newRow("with a unique name") << "coarse"
+                                        << "coarse flow"
+                                        << "c";
+    QTest::newRow("without one") << "both"
+                                 << "b"
+                                 << "b";
+}
+
+void tst_SettingsModel::selectionIsStoredByItsUniqueName()
+{
+    QFETCH(QString, chosen);
+    QFETCH(QString, stored);
+    QFETCH(QString, applied);
+    m_model->openScreen();
+    QCOMPARE(m_model->set(13, chosen), QString());
+    QCOMPARE(QSettings(m_file, QSettings::IniFormat)
+                 .value(QStringLiteral("user/fixture_menu/:/fixture/menu.json/13"))
+                 .toString(),
+             stored);
+    restart();
+    QVERIFY(takeSteps().contains(QStringLiteral("ApplyProfileItem 13 ") + applied));
+    m_model->openScreen();
+    QCOMPARE(shown(13), chosen);
+}
+
+void tst_SettingsModel::uniqueNamesOfAMenuThatFails()
+{
+    m_model->openScreen();
+    plugin()->setProperty("menuFault", QStringLiteral("GetUniqueNameFromIndexInSelectionList"));
+    QCOMPARE(m_model->set(13, QStringLiteral("coarse")), QString());
+    QCOMPARE(QSettings(m_file, QSettings::IniFormat)
+                 .value(QStringLiteral("user/fixture_menu/:/fixture/menu.json/13"))
+                 .toString(),
+             QStringLiteral("c")); // the value itself, which is read as well
+    QCOMPARE(m_fixture->notices.size(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_SettingsModel)
