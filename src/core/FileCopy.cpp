@@ -83,7 +83,8 @@ bool copyThroughBuffer(int from, int to)
     }
 }
 
-/// Copies within the kernel as far as it can do that, and the rest through a buffer: from where both files stand.
+/// Copies within the kernel as far as it can do that, and the rest through a buffer: from where both files stand. A file
+/// of the size 0 may have content all the same, as those that the kernel makes up.
 bool copyContent(int from, int to, off_t size)
 {
     constexpr size_t LargestStep = 1u << 30;
@@ -95,7 +96,7 @@ bool copyContent(int from, int to, off_t size)
         }
         copied += count;
     }
-    return copyThroughBuffer(from, to);
+    return (size > 0 && copied >= size) || copyThroughBuffer(from, to);
 }
 
 bool copyContent(QFile& from, int to)
@@ -115,6 +116,13 @@ bool copyContent(QFile& from, int to)
 /// Gives an unnamed file its name, unless that exists.
 bool publishUnnamed(int descriptor, const QByteArray& destination)
 {
+    // Without the way through /proc, for those who have the privilege; others are told that the empty name is none.
+    if (::linkat(descriptor, "", AT_FDCWD, destination.constData(), AT_EMPTY_PATH) == 0) {
+        return true;
+    }
+    if (errno == EEXIST) {
+        return false;
+    }
     char link[32];
     std::snprintf(link, sizeof(link), "/proc/self/fd/%d", descriptor);
     return ::linkat(AT_FDCWD, link, AT_FDCWD, destination.constData(), AT_SYMLINK_FOLLOW) == 0;
@@ -228,12 +236,17 @@ FileIdentity identity(const QString& path, int flags)
     if (native.isEmpty() || ::fstatat(AT_FDCWD, native.constData(), &status, flags) != 0) {
         return {};
     }
-    return {true, status.st_dev, status.st_ino, status.st_nlink};
+    return {true, status.st_dev, status.st_ino, status.st_nlink, status.st_mode, status.st_size};
 }
 
 } // namespace
 
 bool copyFile(const QString& source, const QString& destination)
+{
+    return copyFile(source, FileIdentity::of(source), destination);
+}
+
+bool copyFile(const QString& source, const FileIdentity& status, const QString& destination)
 {
     const QByteArray from = nativePath(source);
     const QByteArray to = nativePath(destination);
@@ -241,8 +254,7 @@ bool copyFile(const QString& source, const QString& destination)
         return false;
     }
 
-    struct stat status = {};
-    if (::stat(from.constData(), &status) != 0) {
+    if (!status.exists) {
         // A resource, or nothing.
         QFile file(source);
         return file.open(QIODevice::ReadOnly) && makeFile(to, permissionsOf(file), [&file](int descriptor) {
@@ -250,13 +262,15 @@ bool copyFile(const QString& source, const QString& destination)
                });
     }
     // Looked at before it is opened: that would do something to a device, and wait for the other end of a pipe.
-    if (!S_ISREG(status.st_mode)) {
+    if (!S_ISREG(status.mode)) {
         return false;
     }
     const FileDescriptor in(::open(from.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    return in.isOpen() && makeFile(to, status.st_mode, [&in, &status](int descriptor) {
-               return ::lseek(in.get(), 0, SEEK_SET) == 0
-                      && copyContent(in.get(), descriptor, status.st_size);
+    bool isFirst = true;
+    return in.isOpen() && makeFile(to, status.mode, [&](int descriptor) {
+               const bool isAtStart = isFirst || ::lseek(in.get(), 0, SEEK_SET) == 0;
+               isFirst = false;
+               return isAtStart && copyContent(in.get(), descriptor, status.size);
            });
 }
 
@@ -268,6 +282,11 @@ FileIdentity FileIdentity::of(const QString& path)
 FileIdentity FileIdentity::ofEntry(const QString& path)
 {
     return identity(path, AT_SYMLINK_NOFOLLOW);
+}
+
+bool FileIdentity::isDirectory() const
+{
+    return exists && S_ISDIR(mode);
 }
 
 bool FileIdentity::operator==(const FileIdentity& other) const

@@ -30,9 +30,8 @@ bool makeDir(const QString& path)
 
 /// Whether both paths name one and the same, so that removing the destination would take the source away. A link that
 /// leads to the source, and another hard link to its file, can be replaced.
-bool isOntoItself(const QString& source, const QString& destination)
+bool isOntoItself(const QString& source, const QString& destination, const FileIdentity& replaced)
 {
-    const FileIdentity replaced = FileIdentity::ofEntry(destination);
     if (!replaced.exists) {
         return false;
     }
@@ -41,6 +40,12 @@ bool isOntoItself(const QString& source, const QString& destination)
     }
     return replaced.names == 1
            || QFileInfo(source).canonicalFilePath() == QFileInfo(destination).canonicalFilePath();
+}
+
+/// Whether it is one, after links. What only Qt knows, such as a resource, has no identity.
+bool isDirectory(const QString& path, const FileIdentity& identity)
+{
+    return identity.exists ? identity.isDirectory() : QFileInfo(path).isDir();
 }
 
 /// The directories above the one that is copied, from the inside out: those of the source, and the destination as a
@@ -68,10 +73,10 @@ QString below(const QString& directory, const QString& name)
 
 bool copyTree(const QString& source, const QString& destination, const CopiedDirectory* outer)
 {
-    if (!QFileInfo(source).isDir()) {
-        return copyFile(source, destination);
-    }
     const FileIdentity identity = FileIdentity::of(source);
+    if (!isDirectory(source, identity)) {
+        return copyFile(source, identity, destination);
+    }
     if (isBeingCopied(identity, outer) || !makeDir(destination)) {
         return false;
     }
@@ -90,14 +95,15 @@ bool copyTree(const QString& source, const QString& destination, const CopiedDir
     return true;
 }
 
-bool copyFileOver(const QString& source, const QString& destination)
+bool copyFileOver(const QString& source, const FileIdentity& status, const QString& destination)
 {
-    const bool isSame = isOntoItself(source, destination);
-    if (!isSame && FileUtils().fileExists(destination) && !QFile::remove(destination)) {
+    const FileIdentity replaced = FileIdentity::ofEntry(destination);
+    const bool isSame = isOntoItself(source, destination, replaced);
+    if (!isSame && replaced.exists && FileUtils().fileExists(destination) && !QFile::remove(destination)) {
         BRIMVALE_LOG_TRACE("could not remove old file " << destination);
         return false;
     }
-    if (isSame || !copyFile(source, destination)) {
+    if (isSame || !copyFile(source, status, destination)) {
         BRIMVALE_LOG_TRACE("could not copy file " << source);
         return false;
     }
@@ -108,10 +114,10 @@ bool copyFileOver(const QString& source, const QString& destination)
 bool copyTreeOver(const QString& source, const QString& destination, const QStringList& nameFilters,
                   const CopiedDirectory* outer)
 {
-    if (!QFileInfo(source).isDir()) {
-        return copyFileOver(source, destination);
-    }
     const FileIdentity identity = FileIdentity::of(source);
+    if (!isDirectory(source, identity)) {
+        return copyFileOver(source, identity, destination);
+    }
     if (isBeingCopied(identity, outer)) {
         BRIMVALE_LOG_TRACE("could not copy file " << source);
         return false;
@@ -162,7 +168,7 @@ bool FileUtils::dirExists(QString path)
 bool FileUtils::CopyFileOverwrite(QString source, QString destination)
 {
     bool copied = false;
-    if (fileExists(source) && !isOntoItself(source, destination)) {
+    if (fileExists(source) && !isOntoItself(source, destination, FileIdentity::ofEntry(destination))) {
         const bool removed = !fileExists(destination) || QFile::remove(destination);
         copied = copyFile(source, destination) && removed;
     }

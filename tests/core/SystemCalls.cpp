@@ -148,7 +148,7 @@ INTERPOSED int fdatasync(int descriptor)
 INTERPOSED int linkat(int fromDirectory, const char* from, int toDirectory, const char* to,
                       int flags) noexcept
 {
-    return fails({"linkat", to, -1, 0})
+    return fails({"linkat", to, -1, flags})
                ? -1
                : original(&::linkat, "linkat")(fromDirectory, from, toDirectory, to, flags);
 }
