@@ -12,13 +12,14 @@ TEST_ARGS ?=
 BENCH_ARGS ?=
 RUN_ARGS ?=
 
-.PHONY: help run test bench docs install clean
+.PHONY: help run test test-arm bench docs install clean
 .DEFAULT_GOAL := help
 
 help:
 	@echo 'make run      build the terminal and start it with the sample plug-ins on a simulated scale;'
 	@echo '              without a display it plays a short demonstration and leaves screenshots'
 	@echo 'make test     build everything and run all tests'
+	@echo 'make test-arm run the tests of the library and the test kit on 32-bit ARM, in an emulator'
 	@echo 'make bench    build and run the benchmarks; a table compares them with limits, peers and goals'
 	@echo 'make docs     write the reference and the guides as HTML'
 	@echo 'make install  install library, terminal and SDK (PREFIX=$(PREFIX), DESTDIR=$(DESTDIR))'
@@ -38,6 +39,13 @@ test:
 	cmake --preset dev
 	cmake --build --preset dev --parallel $(JOBS)
 	ctest --preset dev --parallel $(JOBS) $(TEST_ARGS)
+
+test-arm:
+	$(SETUP) --group arm
+	tools/arm-sysroot build/arm
+	cmake --preset arm
+	cmake --build --preset arm --parallel $(JOBS)
+	ctest --preset arm --parallel $(JOBS) $(TEST_ARGS)
 
 bench:
 	$(SETUP) --group bench

@@ -13,6 +13,11 @@ set(BRIMVALE_TEST_ENVIRONMENT
     "XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data"
     "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache")
 
+if(CMAKE_CROSSCOMPILING)
+    # Tests leave out what an emulator cannot do.
+    list(APPEND BRIMVALE_TEST_ENVIRONMENT "BRIMVALE_EMULATED=1")
+endif()
+
 # Sets the environment, the labels and the time-out of a test made with add_test().
 #
 #   brimvale_set_test_properties(<name> [LABELS <label>...] [ENVIRONMENT <NAME=value>...] [TIMEOUT <seconds>])

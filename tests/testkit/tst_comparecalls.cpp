@@ -116,6 +116,9 @@ void TestCompareCalls::acceptsAList()
 /// Runs a test that must fail, and looks at what it says.
 void TestCompareCalls::failsTheTest()
 {
+    if (qEnvironmentVariableIsSet("BRIMVALE_EMULATED")) {
+        QSKIP("The emulator cannot start processes the way QProcess does.");
+    }
     QProcess process;
     process.start(QStringLiteral(FAILING_TEST), QStringList());
     QVERIFY(process.waitForFinished());
