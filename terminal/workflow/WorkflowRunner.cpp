@@ -230,6 +230,11 @@ void WorkflowRunner::proceed(Transition transition)
 
 void WorkflowRunner::carryOut(Transition transition)
 {
+    const bool asksStep = transition == Transition::Run || transition == Transition::ShowAfter;
+    if (asksStep && !isStepAlive()) {
+        abandonStep();
+        return;
+    }
     switch (transition) {
     case Transition::None:
         break;
@@ -268,12 +273,15 @@ void WorkflowRunner::enter()
         }
         bool enabled = false;
         const bool asked = guarded([&] {
-            enabled = step.pointer->isEnabled();
-            if (const IStepFunction* const function = findFunction(step.pointer->functionId())) {
-                enabled = enabled && function->enabled();
-            }
+            const IStepFunction* const function = findFunction(step.pointer->functionId());
+            enabled = function == nullptr || function->enabled();
+            enabled = step.pointer->isEnabled() && enabled;
         });
         if (!asked || m_pending == Transition::Abandon) {
+            return;
+        }
+        if (!step.isAlive()) { // destroyed by its own enable check
+            abandon(tr("Step %1 of the workflow is gone.").arg(m_nextIndex + 1));
             return;
         }
         if (enabled) {
@@ -312,7 +320,7 @@ void WorkflowRunner::begin()
         }
     }
     m_state = State::Before;
-    showScreen(screen);
+    showScreen(Ref<IWorkflowScreen>(screen));
     emit stepEntered(id);
     if (m_pending != Transition::Abandon) {
         waitFor(trigger);
@@ -354,6 +362,10 @@ void WorkflowRunner::runFunction()
     if (ranBefore) {
         resetFunction(m_function);
         if (m_pending == Transition::Abandon || !m_function.isAlive()) {
+            return;
+        }
+        if (!isStepAlive()) {
+            abandonStep();
             return;
         }
     } else {
@@ -411,19 +423,19 @@ void WorkflowRunner::showAfter()
     m_timedOut = false;
     IWorkflowStep* const step = m_steps.at(m_index).pointer;
     TriggerType trigger = TriggerType::None;
-    IWorkflowScreen* screen = nullptr;
+    Ref<IWorkflowScreen> screen;
     const bool read = guarded([&] {
         trigger = step->postWorkflowTrigger();
-        screen = step->postWorkflowScreen();
-        if (screen != nullptr && m_function.isAlive()) {
-            m_function.pointer->prepareResultForScreen(m_result, screen);
+        screen = Ref<IWorkflowScreen>(step->postWorkflowScreen());
+        if (!screen.isNull() && m_function.isAlive()) {
+            m_function.pointer->prepareResultForScreen(m_result, screen.pointer);
         }
     });
     if (!read || m_pending == Transition::Abandon) {
         return;
     }
     m_state = State::After;
-    if (screen != nullptr) {
+    if (!screen.isNull()) {
         showScreen(screen);
     }
     waitFor(trigger);
@@ -513,6 +525,17 @@ void WorkflowRunner::abandon(const QString& why)
     proceed(Transition::Abandon);
 }
 
+/// Whether the step at work still exists; the plug-in may destroy it at any time.
+bool WorkflowRunner::isStepAlive() const
+{
+    return m_steps.at(m_index).isAlive();
+}
+
+void WorkflowRunner::abandonStep()
+{
+    abandon(tr("Step %1 of the workflow is gone.").arg(m_index + 1));
+}
+
 IStepFunction* WorkflowRunner::findFunction(const QString& uid) const
 {
     const QList<IStepFunction*> functions = m_functions();
@@ -526,9 +549,9 @@ IStepFunction* WorkflowRunner::findFunction(const QString& uid) const
     return nullptr;
 }
 
-void WorkflowRunner::showScreen(IWorkflowScreen* screen)
+void WorkflowRunner::showScreen(const Ref<IWorkflowScreen>& screen)
 {
-    m_screen = Ref<IWorkflowScreen>(screen);
+    m_screen = screen;
     if (!m_function.isAlive()) {
         return;
     }
@@ -615,17 +638,18 @@ void WorkflowRunner::updateView()
     view.running = isRunning();
     QString texts[3];
     bool printAllowed = true;
-    if (isRunning() && !m_steps.at(m_index).isAlive()) {
-        abandon(tr("Step %1 of the workflow is gone.").arg(m_index + 1));
+    if (isRunning() && !isStepAlive()) {
+        abandonStep();
         return;
     }
+    StepFunctionButtonFlags flags;
     if (isRunning()) {
         view.lines = QStringList{QString(), QString(), QString()};
         const auto exception = exceptionOf([&] {
             if (m_function.isAlive()) {
                 m_functionName = m_function.pointer->name();
             }
-            const StepFunctionButtonFlags flags = m_steps.at(m_index).pointer->getStepFunctionButtonsFlags();
+            flags = m_steps.at(m_index).pointer->getStepFunctionButtonsFlags();
             printAllowed = m_state == State::After && flags.testFlag(StepFunctionButtonFlag::Print);
             if (!m_screen.isAlive()) {
                 return;
@@ -652,7 +676,6 @@ void WorkflowRunner::updateView()
     }
     QVector<ActionState> keys;
     if (isRunning()) {
-        const StepFunctionButtonFlags flags = m_steps.at(m_index).pointer->getStepFunctionButtonsFlags();
         const bool back = flags.testFlag(StepFunctionButtonFlag::Back);
         const bool repeat = flags.testFlag(StepFunctionButtonFlag::Repeat) || !m_fault.isEmpty();
         const bool waits = m_trigger != TriggerType::None;

@@ -215,8 +215,10 @@ private:
 
     bool guarded(const std::function<void()>& code);
     void abandon(const QString& why);
+    bool isStepAlive() const;
+    void abandonStep();
     IStepFunction* findFunction(const QString& uid) const;
-    void showScreen(IWorkflowScreen* screen);
+    void showScreen(const Ref<IWorkflowScreen>& screen);
     void waitFor(TriggerType trigger);
     void fireTrigger();
     void cancelTimers();

@@ -55,6 +55,8 @@ public:
     }
 
     std::function<void()> during;
+    std::function<void()> duringShow;
+    std::function<void()> duringReset;
 
 public slots:
     QVariant work(QVariant argument, QVariant data)
@@ -70,8 +72,17 @@ public slots:
         m_log.append(QStringLiteral("show %1").arg(result.toString()));
         InfoValueUnit value(nullptr, true, QStringLiteral("Result"), result.toString(), QStringLiteral("g"));
         screen->setResult1(&value);
+        if (duringShow) {
+            duringShow();
+        }
     }
-    void reset() { m_log.append(QStringLiteral("reset ") + m_uid); }
+    void reset()
+    {
+        m_log.append(QStringLiteral("reset ") + m_uid);
+        if (duringReset) {
+            duringReset();
+        }
+    }
 
 private:
     const QString m_uid;
@@ -121,6 +132,10 @@ private slots:
     void functionDestroyedByItsWorker();
     void functionWithdrawn();
     void stepDestroyed();
+    void stepDestroyedBefore_data();
+    void stepDestroyedBefore();
+    void stepDestroyedByThePlugin_data();
+    void stepDestroyedByThePlugin();
     void screenDestroyed();
 
     void textsAreReadWhenShown();
@@ -650,6 +665,78 @@ void tst_WorkflowRunner::stepDestroyed()
     m_fixture->feed(1.0);
     QVERIFY(!runner().isRunning());
     QCOMPARE(m_fixture->notices, QStringList{QStringLiteral("error: Step 1 of the workflow is gone.")});
+}
+
+void tst_WorkflowRunner::stepDestroyedBefore_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::newRow("the stable value that it waits for") << "stable";
+    QTest::newRow("a key") << "key";
+    QTest::newRow("the end of its process") << "process";
+}
+
+/// What comes before the terminal has looked at the step again.
+void tst_WorkflowRunner::stepDestroyedBefore()
+{
+    QFETCH(QString, event);
+    addFunction(QStringLiteral("a"), true);
+    const bool isProcess = event == QLatin1String("process");
+    QVERIFY(start({step(1, QStringLiteral("a"),
+                        isProcess                       ? TriggerType::None
+                        : event == QLatin1String("key") ? TriggerType::Button
+                                                        : TriggerType::StableValue)}));
+    m_log.clear();
+    m_plugin->steps = std::make_unique<QObject>();
+    if (isProcess) {
+        m_functions.value(QStringLiteral("a"))->functionDone(1);
+    } else if (event == QLatin1String("key")) {
+        runner().press(WorkflowRunner::continueKey());
+    } else {
+        runner().onStableValue();
+    }
+    QVERIFY(!runner().isRunning());
+    QStringList expected{QStringLiteral("abandoned")};
+    if (isProcess) {
+        expected.prepend(QStringLiteral("reset a"));
+    }
+    QCOMPARE(m_log, expected);
+    QCOMPARE(m_fixture->notices.size(), 1);
+    QVERIFY(m_fixture->notices.first().contains(QStringLiteral("Step 1 of the workflow is gone.")));
+}
+
+void tst_WorkflowRunner::stepDestroyedByThePlugin_data()
+{
+    QTest::addColumn<QString>("where");
+    QTest::newRow("worker") << "work";
+    QTest::newRow("screen worker") << "show";
+    QTest::newRow("reset worker at a repetition") << "reset";
+    QTest::newRow("slot that hears of the step") << "entered";
+    QTest::newRow("its enable check") << "enabled";
+}
+
+void tst_WorkflowRunner::stepDestroyedByThePlugin()
+{
+    QFETCH(QString, where);
+    Worker* const worker = addFunction(QStringLiteral("a"));
+    const auto destroy = [this] { m_plugin->steps = std::make_unique<QObject>(); };
+    if (where == QLatin1String("work")) {
+        worker->during = destroy;
+    } else if (where == QLatin1String("show")) {
+        worker->duringShow = destroy;
+    } else if (where == QLatin1String("reset")) {
+        worker->duringReset = destroy;
+    } else {
+        connect(&manager(), &WorkflowManager::NotifyWorkflowStepEntered, worker, destroy);
+    }
+    QVERIFY(start(
+        {step(1, QStringLiteral("a"), TriggerType::None, TriggerType::Button, QVariant(), Flag::Repeat)}));
+    if (where == QLatin1String("reset")) {
+        QVERIFY(runner().press(WorkflowRunner::repeatKey()));
+    }
+    QVERIFY(!runner().isRunning());
+    QCOMPARE(m_log.last(), QStringLiteral("abandoned"));
+    QCOMPARE(m_fixture->notices.size(), 1);
+    QVERIFY(m_fixture->notices.first().contains(QStringLiteral("Step 1 of the workflow is gone.")));
 }
 
 void tst_WorkflowRunner::screenDestroyed()
