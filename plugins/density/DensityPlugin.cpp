@@ -212,6 +212,7 @@ void DensityPlugin::showReading(const MesswertData& reading, MesswertData correc
     info->setMesswertKlein(reading.messwert);
     info->setUnitKlein(reading.unit);
     info->setMesswertKleinVisible(corrected.isValid);
+    m_model->setCorrected(corrected.isValid);
 
     m_readingItem->setItemValue(withUnit(reading));
     m_readingItem->setIsItemValueInvalid(!corrected.isValid);

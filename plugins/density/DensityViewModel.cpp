@@ -162,7 +162,7 @@ QString DensityViewModel::stateText() const
 {
     switch (m_state) {
     case Ready:
-        return tr("The weight is corrected for buoyancy");
+        return m_isCorrected ? tr("The weight is corrected for buoyancy") : tr("No weight to correct");
     case WaitingForStable:
         return tr("Waiting for a stable weight…");
     case Printed:
@@ -185,6 +185,14 @@ void DensityViewModel::setState(State state, const QString& detail)
     m_state = state;
     m_detail = detail;
     emit stateChanged();
+}
+
+void DensityViewModel::setCorrected(bool isCorrected)
+{
+    if (m_isCorrected != isCorrected) {
+        m_isCorrected = isCorrected;
+        emit stateChanged();
+    }
 }
 
 void DensityViewModel::translateTexts()

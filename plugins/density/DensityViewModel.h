@@ -76,6 +76,8 @@ public:
     Kind stateKind() const;
     QString stateText() const;
     void setState(State state, const QString& detail = QString());
+    /// Whether a corrected weight is shown.
+    void setCorrected(bool isCorrected);
 
     void translateTexts();
 
@@ -93,6 +95,7 @@ private:
     bool m_editing = false;
     QString m_entry;
     State m_state = Ready;
+    bool m_isCorrected = false;
     QString m_detail;
 };
 

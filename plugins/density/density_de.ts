@@ -106,6 +106,10 @@
         <source>PT</source>
         <translation>PT</translation>
     </message>
+    <message>
+        <source>No weight to correct</source>
+        <translation>Kein Gewicht zu korrigieren</translation>
+    </message>
 </context>
 <context>
     <name>Parameters</name>

@@ -204,8 +204,10 @@ void TestDensityPlugin::showsWhatIsWrong()
     QCOMPARE(infos().at(1), QStringLiteral("–"));
     QCOMPARE(infos().at(2), QStringLiteral("–"));
     QVERIFY(m_host->infoItems().first()->property("isItemValueInvalid").toBool());
+    QCOMPARE(model()->stateText(), QStringLiteral("No weight to correct"));
     weigh(reading(10.0));
     QVERIFY(!m_host->infoItems().first()->property("isItemValueInvalid").toBool());
+    QCOMPARE(model()->stateText(), QStringLiteral("The weight is corrected for buoyancy"));
 }
 
 void TestDensityPlugin::formulaKey()
