@@ -5,6 +5,8 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Brimvale
@@ -41,9 +43,15 @@ void FilePrinter::end()
 
 void FilePrinter::append(const QByteArray& bytes)
 {
-    QFile file(m_file);
-    bool ok = file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
-    QString error = file.errorString();
+    // A pipe that nobody reads, or a device, must not hold the terminal up.
+    const int descriptor =
+        ::open(QFile::encodeName(m_file).constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK,
+               S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH);
+    QString error = qt_error_string(errno);
+    QFile file;
+    bool ok =
+        descriptor >= 0
+        && file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
     if (ok) {
         const qint64 before = file.size();
         ok = file.write(bytes) == bytes.size();

@@ -16,7 +16,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <fcntl.h>
 #include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Brimvale::Terminal;
 
@@ -103,6 +106,7 @@ private slots:
     void fileAppends();
     void fileCannotBeWritten();
     void fileIsMended();
+    void pipeThatNobodyReads();
     void fileIsFull();
     void pdf();
     void pdfIsNeverOverwritten();
@@ -320,6 +324,23 @@ void TestPrintDevices::fileCannotBeWritten()
     submit(makeJob({QStringLiteral("A\r\n")}));
     QCOMPARE(m_queue->failedCount(), 1);
     QVERIFY(m_queue->entries().at(0).cause.text().contains(name));
+}
+
+void TestPrintDevices::pipeThatNobodyReads()
+{
+    const QString name = path("pipe");
+    QCOMPARE(::mkfifo(QFile::encodeName(name).constData(), S_IRUSR | S_IWUSR), 0);
+    m_queue->setPrinter(std::make_unique<FilePrinter>(name));
+    submit(makeJob({QStringLiteral("A\r\n")})); // Does not hang.
+    QCOMPARE(m_queue->failedCount(), 1);
+    const int reader = ::open(QFile::encodeName(name).constData(), O_RDONLY | O_NONBLOCK);
+    QVERIFY(reader >= 0);
+    QVERIFY(m_queue->repeat());
+    QCOMPARE(m_queue->count(), 0);
+    char content[16] = {};
+    QCOMPARE(::read(reader, content, sizeof content), ssize_t(3));
+    ::close(reader);
+    QCOMPARE(QByteArray(content), QByteArray("A\n\n"));
 }
 
 void TestPrintDevices::fileIsMended()
