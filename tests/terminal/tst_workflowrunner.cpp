@@ -725,11 +725,16 @@ void tst_WorkflowRunner::stepDestroyedByThePlugin()
         worker->duringShow = destroy;
     } else if (where == QLatin1String("reset")) {
         worker->duringReset = destroy;
-    } else {
+    } else if (where == QLatin1String("entered")) {
         connect(&manager(), &WorkflowManager::NotifyWorkflowStepEntered, worker, destroy);
     }
+    static std::function<void()> check;
+    check = where == QLatin1String("enabled") ? std::function<void()>(destroy) : [] {};
     QVERIFY(start(
-        {step(1, QStringLiteral("a"), TriggerType::None, TriggerType::Button, QVariant(), Flag::Repeat)}));
+        {step(1, QStringLiteral("a"), TriggerType::None, TriggerType::Button, QVariant(), Flag::Repeat, [] {
+            check();
+            return true;
+        })}));
     if (where == QLatin1String("reset")) {
         QVERIFY(runner().press(WorkflowRunner::repeatKey()));
     }
