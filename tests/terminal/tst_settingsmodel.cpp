@@ -65,6 +65,8 @@ private slots:
     void storedParameterOfThePlugin();
     void settingsFileThatCannotBeWritten();
     void applyThatThrows();
+    void pluginThatClosesInACall_data();
+    void pluginThatClosesInACall();
     void setByThePlugin_data();
     void setByThePlugin();
     void setByThePluginWhatItsMenuRefuses();
@@ -760,6 +762,72 @@ void tst_SettingsModel::applyThatThrows()
                                 "settings: std::runtime_error: the fixture failed on purpose")}));
     // The others were applied nevertheless.
     QVERIFY(takeSteps().contains(QStringLiteral("ApplyProfileItem 25 0.125")));
+}
+
+namespace
+{
+
+/// Acts once, when the fixture notes a step that begins so.
+class AtStep : public QObject
+{
+public:
+    AtStep(QObject* plugin, const QString& step, std::function<void()> action)
+        : m_step(step)
+        , m_action(std::move(action))
+    {
+        plugin->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* plugin, QEvent* event) override
+    {
+        const QStringList steps = plugin->property("steps").toStringList();
+        if (event->type() == QEvent::DynamicPropertyChange && m_action && !steps.isEmpty()
+            && steps.last().startsWith(m_step)) {
+            std::exchange(m_action, nullptr)();
+        }
+        return false;
+    }
+
+private:
+    const QString m_step;
+    std::function<void()> m_action;
+};
+
+} // namespace
+
+void tst_SettingsModel::pluginThatClosesInACall_data()
+{
+    QTest::addColumn<QString>("step");
+    QTest::addColumn<int>("id");
+    QTest::newRow("SetItemValue") << "SetItemValue" << 11;
+    QTest::newRow("ApplyProfileItem") << "ApplyProfileItem" << 11;
+    QTest::newRow("OnItemValueChanged") << "OnItemValueChanged" << 11;
+    QTest::newRow("onNumericDialogClosed") << "onNumericDialogClosed" << 11;
+    QTest::newRow("ExecuteCommand") << "ExecuteCommand" << 23;
+}
+
+void tst_SettingsModel::pluginThatClosesInACall()
+{
+    QFETCH(QString, step);
+    QFETCH(int, id);
+    m_model->openScreen();
+    const AtStep closing(plugin(), step, [this] { host().plugins().deactivate(); });
+    if (id == 11) {
+        m_model->set(11, QStringLiteral("12.5"));
+    } else {
+        m_model->pressAnywhere(id);
+    }
+    QVERIFY(host().plugins().waitUntilSettled());
+    QVERIFY(!m_model->isAvailable());
+    QVERIFY(!m_model->isOpen());
+    QCOMPARE(m_model->dialog(), QString());
+    QCOMPARE(m_model->rowCount(), 0);
+    QCOMPARE(m_fixture->notices, QStringList());
+    // Nothing is stored under a name that is no plug-in's.
+    const QSettings file(m_file, QSettings::IniFormat);
+    for (const QString& key : file.allKeys()) {
+        QVERIFY2(key.startsWith(QStringLiteral("user/fixture_menu/")), qPrintable(key));
+    }
 }
 
 void tst_SettingsModel::setByThePlugin_data()
