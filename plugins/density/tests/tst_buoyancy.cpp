@@ -8,6 +8,8 @@
 
 #include <limits>
 
+Q_DECLARE_METATYPE(Brimvale::MesswertData)
+
 using namespace Brimvale;
 
 namespace
@@ -338,6 +340,5 @@ void TestBuoyancy::fileThatCannotBeWritten()
     QVERIFY(!Parameters().save(inTheWay.fileName() + QStringLiteral("/density.ini")));
 }
 
-Q_DECLARE_METATYPE(Brimvale::MesswertData)
 QTEST_GUILESS_MAIN(TestBuoyancy)
 #include "tst_buoyancy.moc"

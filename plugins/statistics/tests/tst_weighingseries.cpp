@@ -8,6 +8,8 @@
 
 #include <limits>
 
+Q_DECLARE_METATYPE(Brimvale::MesswertData)
+
 using namespace Brimvale;
 
 namespace
@@ -393,6 +395,5 @@ void TestWeighingSeries::exportThatFails()
     QCOMPARE(QDir(target).entryList(QDir::Files), QStringList()); // no half export
 }
 
-Q_DECLARE_METATYPE(Brimvale::MesswertData)
 QTEST_GUILESS_MAIN(TestWeighingSeries)
 #include "tst_weighingseries.moc"
