@@ -343,7 +343,7 @@ void WorkflowRunner::goBack()
 void WorkflowRunner::runFunction()
 {
     cancelTimers();
-    m_fault.clear();
+    m_didNotRun = false;
     m_timedOut = false;
     m_result = QVariant();
     m_trigger = TriggerType::None;
@@ -390,7 +390,7 @@ void WorkflowRunner::runFunction()
     if (!m_function.isAlive()) {
         abandon(tr("The function \"%1\" of the workflow is gone.").arg(m_functionName));
     } else if (!isProcess) {
-        m_fault = tr("\"%1\" did not run: the application has no worker for it.").arg(m_functionName);
+        m_didNotRun = true;
     } else if (m_settings.timeoutMs > 0) {
         m_timeoutTimer = m_clock.callAfter(m_settings.timeoutMs, [this] { onTimeout(); });
     }
@@ -409,17 +409,14 @@ void WorkflowRunner::onTimeout()
 {
     m_timeoutTimer = 0;
     m_timedOut = true;
-    m_fault = tr("\"%1\" has not finished after %2 s. It may still do so; otherwise repeat it or abort.")
-                  .arg(m_functionName)
-                  .arg(static_cast<double>(m_settings.timeoutMs) / 1000.0);
-    m_notices.post(NoticeSeverity::Warning, m_fault);
+    m_notices.post(NoticeSeverity::Warning, faultText());
     updateView();
 }
 
 void WorkflowRunner::showAfter()
 {
     cancelTimers();
-    m_fault.clear();
+    m_didNotRun = false;
     m_timedOut = false;
     IWorkflowStep* const step = m_steps.at(m_index).pointer;
     TriggerType trigger = TriggerType::None;
@@ -505,7 +502,7 @@ void WorkflowRunner::forgetStep()
     m_result = QVariant();
     m_trigger = TriggerType::None;
     m_timedOut = false;
-    m_fault.clear();
+    m_didNotRun = false;
 }
 
 /// Runs code of the plug-in. When it throws, the workflow is abandoned and false returned.
@@ -672,12 +669,12 @@ void WorkflowRunner::updateView()
         }
         view.title = m_functionName;
         view.waiting = waitingText();
-        view.fault = m_fault;
+        view.fault = faultText();
     }
     QVector<ActionState> keys;
     if (isRunning()) {
         const bool back = flags.testFlag(StepFunctionButtonFlag::Back);
-        const bool repeat = flags.testFlag(StepFunctionButtonFlag::Repeat) || !m_fault.isEmpty();
+        const bool repeat = flags.testFlag(StepFunctionButtonFlag::Repeat) || isFaulty();
         const bool waits = m_trigger != TriggerType::None;
         if (back || !texts[0].isEmpty()) {
             keys.append(
@@ -690,7 +687,7 @@ void WorkflowRunner::updateView()
         if (!texts[2].isEmpty() || m_trigger == TriggerType::Button) {
             keys.append(key(continueKey(), texts[2].isEmpty() ? tr("Continue") : texts[2], waits));
         }
-        if (flags.testFlag(StepFunctionButtonFlag::Abort) || !m_fault.isEmpty()) {
+        if (flags.testFlag(StepFunctionButtonFlag::Abort) || isFaulty()) {
             keys.append(key(abortKey(), tr("Abort"), true));
         }
     }
@@ -702,10 +699,24 @@ void WorkflowRunner::updateView()
     }
 }
 
+/// Made anew each time it is shown, in the language of the terminal.
+QString WorkflowRunner::faultText() const
+{
+    if (m_didNotRun) {
+        return tr("\"%1\" did not run: the application has no worker for it.").arg(m_functionName);
+    }
+    if (m_timedOut) {
+        return tr("\"%1\" has not finished after %2 s. It may still do so; otherwise repeat it or abort.")
+            .arg(m_functionName)
+            .arg(static_cast<double>(m_settings.timeoutMs) / 1000.0);
+    }
+    return QString();
+}
+
 QString WorkflowRunner::waitingText() const
 {
     if (m_state == State::Running) {
-        return m_fault.isEmpty() ? tr("%1 in progress").arg(m_functionName) : QString();
+        return !isFaulty() ? tr("%1 in progress").arg(m_functionName) : QString();
     }
     switch (m_trigger) {
     case TriggerType::LoadChange:

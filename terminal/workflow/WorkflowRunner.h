@@ -225,6 +225,8 @@ private:
     void onTimeout();
     void updateView();
     void updateKeys();
+    bool isFaulty() const { return m_timedOut || m_didNotRun; }
+    QString faultText() const;
     QString waitingText() const;
 
     const std::function<QList<IStepFunction*>()> m_functions;
@@ -256,7 +258,7 @@ private:
     Clock::TimerId m_triggerTimer = 0;
     Clock::TimerId m_timeoutTimer = 0;
     bool m_timedOut = false;
-    QString m_fault;
+    bool m_didNotRun = false; ///< The function has no worker.
 
     WorkflowView m_view;
     QVector<ActionState> m_keys;

@@ -8,6 +8,7 @@
 #include "WorkflowStep.h"
 
 #include <QMetaMethod>
+#include <QTranslator>
 #include <QtTest>
 
 #include <stdexcept>
@@ -115,6 +116,8 @@ private slots:
     void processEndsLater();
     void processTimesOut();
     void lateResultAfterTimeoutCounts();
+    void faultFollowsTheLanguage_data();
+    void faultFollowsTheLanguage();
     void withoutTimeout();
     void functionWithoutWorkerIsAFault();
 
@@ -460,6 +463,48 @@ void tst_WorkflowRunner::lateResultAfterTimeoutCounts()
     QVERIFY(!runner().isTimedOut());
     QCOMPARE(view().fault, QString());
     QCOMPARE(view().lines.first(), QStringLiteral("after 1"));
+}
+
+namespace
+{
+
+/// A language in which every text of the terminal reads "other:" and the text.
+class OtherLanguage : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        return qstrcmp(context, "Brimvale::Terminal::WorkflowRunner") == 0
+                   ? QStringLiteral("other: ") + QString::fromUtf8(text)
+                   : QString();
+    }
+};
+
+} // namespace
+
+void tst_WorkflowRunner::faultFollowsTheLanguage_data()
+{
+    QTest::addColumn<bool>("isProcess");
+    QTest::newRow("process that does not end") << true;
+    QTest::newRow("function without a worker") << false;
+}
+
+void tst_WorkflowRunner::faultFollowsTheLanguage()
+{
+    QFETCH(bool, isProcess);
+    addFunction(QStringLiteral("a"), isProcess);
+    if (!isProcess) {
+        m_plugin->workers.clear();
+    }
+    QVERIFY(start({step(1, QStringLiteral("a"))}));
+    m_fixture->clock.advance(WorkflowRunner::DefaultTimeoutMs);
+    const QString fault = view().fault;
+    QVERIFY(!fault.isEmpty());
+    OtherLanguage other;
+    QVERIFY(QCoreApplication::installTranslator(&other));
+    m_fixture->host->setLanguage(QStringLiteral("de"));
+    QCOMPARE(view().fault, QStringLiteral("other: ") + fault);
 }
 
 void tst_WorkflowRunner::withoutTimeout()
