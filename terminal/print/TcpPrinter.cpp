@@ -3,6 +3,8 @@
 
 #include "print/EscPos.h"
 
+#include <QNetworkProxy>
+
 #include <fcntl.h>
 #include <linux/tcp.h>
 #include <netinet/in.h>
@@ -28,6 +30,7 @@ TcpPrinter::TcpPrinter(const QString& host, quint16 port)
     m_watch.setInterval(WatchMs);
     connect(&m_timeout, &QTimer::timeout, this, &TcpPrinter::onTimeout);
     connect(&m_watch, &QTimer::timeout, this, &TcpPrinter::watchAcknowledgement);
+    m_socket.setProxy(QNetworkProxy::NoProxy);
     connect(&m_socket, &QTcpSocket::connected, this, &TcpPrinter::onConnected);
     connect(&m_socket, &QTcpSocket::errorOccurred, this, &TcpPrinter::onError);
     // Some printers send their state; nobody asked for it.
