@@ -39,6 +39,7 @@ private slots:
 
     // The screens of plug-ins.
     void screenFillsTheApplicationArea();
+    void areaSaysWhetherThereAreApplications();
     void screenThatCannotBeLoadedIsReported_data();
     void screenThatCannotBeLoadedIsReported();
     void screenIsReplaced();
@@ -238,6 +239,17 @@ void tst_TerminalWindow::screenFillsTheApplicationArea()
     m_terminal->instrument.setInfoItems({&line});
     QVERIFY(m_terminal->shown(QStringLiteral("infoArea")));
     QCOMPARE(screen->mapRectToScene(screen->boundingRect()), QRectF(0, 296, 720, 208));
+}
+
+void tst_TerminalWindow::areaSaysWhetherThereAreApplications()
+{
+    const auto title = [this] { return m_terminal->textOf(QStringLiteral("noApplicationTitle")); };
+    QCOMPARE(title(), QStringLiteral("No application is loaded"));
+    m_terminal->instrument.setPlugins(
+        {{QStringLiteral("counting"), QStringLiteral("Counting"), QString(), false}});
+    QCOMPARE(title(), QStringLiteral("No application is running"));
+    m_terminal->startApplication();
+    QCOMPARE(title(), QString());
 }
 
 void tst_TerminalWindow::screenThatCannotBeLoadedIsReported_data()

@@ -31,15 +31,19 @@ Rectangle {
         spacing: Theme.unit
 
         Text {
+            objectName: "noApplicationTitle"
             anchors.horizontalCenter: parent.horizontalCenter
-            text: qsTr("No application is loaded")
+            text: instrument.plugins.length > 0 ? qsTr("No application is running")
+                                                : qsTr("No application is loaded")
             font.pixelSize: Theme.titleSize
             font.weight: Font.Medium
             color: Theme.inkSoft
         }
         Text {
             anchors.horizontalCenter: parent.horizontalCenter
-            text: qsTr("The terminal weighs on its own. Start it with --plugin PATH to run an application.")
+            text: instrument.plugins.length > 0
+                  ? qsTr("The terminal weighs on its own. Choose an application at the top left.")
+                  : qsTr("The terminal weighs on its own. Start it with --plugin PATH to run an application.")
             font.pixelSize: Theme.bodySize
             color: Theme.inkSoft
         }

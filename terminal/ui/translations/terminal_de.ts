@@ -23,6 +23,14 @@
         <source>The application&apos;s screen cannot be shown</source>
         <translation>Der Bildschirm der Anwendung kann nicht gezeigt werden</translation>
     </message>
+    <message>
+        <source>No application is running</source>
+        <translation>Es läuft keine Anwendung</translation>
+    </message>
+    <message>
+        <source>The terminal weighs on its own. Choose an application at the top left.</source>
+        <translation>Das Terminal wägt allein. Oben links lässt sich eine Anwendung wählen.</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationMenu</name>
