@@ -361,7 +361,11 @@ void WorkflowRunner::runFunction()
         });
     if (ranBefore) {
         resetFunction(m_function);
-        if (m_pending == Transition::Abandon || !m_function.isAlive()) {
+        if (m_pending == Transition::Abandon) {
+            return;
+        }
+        if (!m_function.isAlive()) {
+            abandon(tr("The function \"%1\" of the workflow is gone.").arg(m_functionName));
             return;
         }
         if (!isStepAlive()) {

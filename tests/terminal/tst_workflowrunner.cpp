@@ -133,6 +133,7 @@ private slots:
     void workerThatThrows();
     void enableCheckThatThrows();
     void functionDestroyedByItsWorker();
+    void functionDestroyedByItsResetWorker();
     void functionWithdrawn();
     void stepDestroyed();
     void stepDestroyedBefore_data();
@@ -687,6 +688,18 @@ void tst_WorkflowRunner::functionDestroyedByItsWorker()
     QVERIFY(!runner().isRunning());
     QCOMPARE(m_log,
              (QStringList{QStringLiteral("step 1"), QStringLiteral("a(p1, )"), QStringLiteral("abandoned")}));
+    QCOMPARE(m_fixture->notices,
+             QStringList{QStringLiteral("error: The function \"Function a\" of the workflow is gone.")});
+}
+
+void tst_WorkflowRunner::functionDestroyedByItsResetWorker()
+{
+    addFunction(QStringLiteral("a"))->duringReset = [this] { delete m_functions.take(QStringLiteral("a")); };
+    QVERIFY(start(
+        {step(1, QStringLiteral("a"), TriggerType::None, TriggerType::Button, QVariant(), Flag::Repeat)}));
+    QVERIFY(runner().press(WorkflowRunner::repeatKey()));
+    QVERIFY(!runner().isRunning());
+    QCOMPARE(m_log.last(), QStringLiteral("abandoned"));
     QCOMPARE(m_fixture->notices,
              QStringList{QStringLiteral("error: The function \"Function a\" of the workflow is gone.")});
 }
