@@ -187,7 +187,7 @@ void WeighingPlugin::showSettings()
         m_minimumWeight > 0.0 ? QString::number(m_minimumWeight) + QLatin1String(" g") : QString();
     m_weighingModel->setSettings(m_printOnlyStable, minimum);
     m_printModeAction->setToggleIndex(m_printOnlyStable ? 1 : 0);
-    m_automaticAction->setToggleIndex(startDetector() ? 1 : 0);
+    restartDetector();
 }
 
 // Life cycle -------------------------------------------------------------------------------------------------------
@@ -277,7 +277,7 @@ void WeighingPlugin::onNewMeasurementValue()
     m_current = readRegister(ISystemRegister::CurrentRegister);
     showReading(m_current);
     if (m_decimals != m_system->GetDecimals()) {
-        m_automaticAction->setToggleIndex(startDetector() ? 1 : 0); // its digits have become others
+        restartDetector(); // its digits have become others
     }
     serveLoadChange(m_current);
     if (m_printRequested) {
@@ -324,6 +324,14 @@ QStringList WeighingPlugin::automaticModes()
 {
     return {QStringLiteral("off"), QStringLiteral("absolute"), QStringLiteral("percent"),
             QStringLiteral("absolute-fixed"), QStringLiteral("percent-fixed")};
+}
+
+void WeighingPlugin::restartDetector()
+{
+    const bool runs = startDetector();
+    m_automaticAction->setToggleIndex(runs ? 1 : 0);
+    const bool isWanted = m_detector != nullptr && m_automaticMode != automaticModes().first();
+    m_weighingModel->setAutomaticRefused(isWanted && !runs);
 }
 
 /// Starts the detector anew as it is set. Returns whether it runs: it does not when it is switched off, or when the

@@ -86,6 +86,7 @@ private:
     Brimvale::MesswertData readRegister(int registerNumber) const;
     void showSettings();
     void showReading(Brimvale::MesswertData current);
+    void restartDetector();
     bool startDetector();
     void serveLoadChange(const Brimvale::MesswertData& current);
     void servePrintRequest(const Brimvale::MesswertData& current);

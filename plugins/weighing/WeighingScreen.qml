@@ -49,21 +49,39 @@ Item {
         }
     }
 
-    Row {
-        x: 24
-        y: screen.height - 64
+    component State: Row {
+        property alias color: mark.color
+        property alias text: stateText.text
+
         spacing: 12
 
         Rectangle {
+            id: mark
             anchors.verticalCenter: parent.verticalCenter
             width: 12
             height: 12
             radius: 6
-            color: screen.stateColors[weighing.printState]
         }
         Text {
+            id: stateText
             color: "#11191C"
             font.pixelSize: 18
+        }
+    }
+
+    Column {
+        x: 24
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 42
+        spacing: 8
+
+        State {
+            visible: weighing.automaticRefused
+            color: "#B3261E"
+            text: qsTr("Automatic is off: its threshold does not suit this scale")
+        }
+        State {
+            color: screen.stateColors[weighing.printState]
             text: screen.stateTexts[weighing.printState]
         }
     }

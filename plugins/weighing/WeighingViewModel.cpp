@@ -97,6 +97,20 @@ void WeighingViewModel::setSettings(bool printOnlyStable, const QString& minimum
     emit settingsChanged();
 }
 
+bool WeighingViewModel::automaticRefused() const
+{
+    return m_automaticRefused;
+}
+
+void WeighingViewModel::setAutomaticRefused(bool refused)
+{
+    if (m_automaticRefused == refused) {
+        return;
+    }
+    m_automaticRefused = refused;
+    emit automaticRefusedChanged();
+}
+
 void WeighingViewModel::translateTexts()
 {
     m_messwertInfo->setNetText(tr("NET"));

@@ -18,6 +18,7 @@ class WeighingViewModel : public QObject
     Q_PROPERTY(int transferCount READ transferCount NOTIFY lastTransferChanged)
     Q_PROPERTY(bool printOnlyStable READ printOnlyStable NOTIFY settingsChanged)
     Q_PROPERTY(QString minimumWeight READ minimumWeight NOTIFY settingsChanged)
+    Q_PROPERTY(bool automaticRefused READ automaticRefused NOTIFY automaticRefusedChanged)
 
 public:
     /// How far a print request has come.
@@ -49,12 +50,17 @@ public:
     QString minimumWeight() const;
     void setSettings(bool printOnlyStable, const QString& minimumWeight);
 
+    /// Whether printing at a change of load is chosen and its threshold does not suit the scale.
+    bool automaticRefused() const;
+    void setAutomaticRefused(bool refused);
+
     void translateTexts();
 
 signals:
     void printStateChanged();
     void lastTransferChanged();
     void settingsChanged();
+    void automaticRefusedChanged();
 
 private:
     Brimvale::MesswertInfo* m_messwertInfo; ///< a child
@@ -64,6 +70,7 @@ private:
     int m_transferCount = 0;
     bool m_printOnlyStable = true;
     QString m_minimumWeight;
+    bool m_automaticRefused = false;
 };
 
 #endif

@@ -146,6 +146,10 @@
         <source>none</source>
         <translation>keines</translation>
     </message>
+    <message>
+        <source>Automatic is off: its threshold does not suit this scale</source>
+        <translation>Automatik ist aus: Ihre Schwelle passt nicht zu dieser Waage</translation>
+    </message>
 </context>
 <context>
     <name>WeighingViewModel</name>

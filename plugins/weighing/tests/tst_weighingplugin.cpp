@@ -512,6 +512,16 @@ void TestWeighingPlugin::unusableThresholdSwitchesTheAutomaticOff()
     m_plugin->SetProfileItem(WeighingPlugin::AutomaticMode, QStringLiteral("percent"), QString());
     QCOMPARE(dynamic_cast<ActionBaseToggle*>(action(QStringLiteral("weighing.automatic")))->toggleIndex(), 0);
     QVERIFY(!model()->findChild<LoadChange*>()->isActive());
+    QVERIFY(property("automaticRefused").toBool());
+
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticThreshold, 5.0, QString());
+    QVERIFY(model()->findChild<LoadChange*>()->isActive());
+    QVERIFY(!property("automaticRefused").toBool());
+
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticThreshold, 0.0, QString());
+    QVERIFY(property("automaticRefused").toBool());
+    m_plugin->SetProfileItem(WeighingPlugin::AutomaticMode, QStringLiteral("off"), QString());
+    QVERIFY(!property("automaticRefused").toBool());
 }
 
 void TestWeighingPlugin::printModeKeyTogglesTheSetting()
