@@ -1,22 +1,16 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "menu/SettingsModel.h"
 
-#include "IMenuList.h"
-#include "IPlugin.h"
 #include "SelectListItem.h"
 #include "host/Notices.h"
 #include "host/PluginGuard.h"
 #include "menu/MenuStore.h"
 #include "menu/PluginProfiles.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QLocale>
-#include <QRegularExpression>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace Brimvale
@@ -40,6 +34,7 @@ bool SettingsModel::Row::operator==(const Row& other) const
 
 SettingsModel::SettingsModel(MenuStore& menus, PluginProfiles& profiles, Notices& notices, QObject* parent)
     : QAbstractListModel(parent)
+    , m_menu(menus, notices)
     , m_menus(menus)
     , m_profiles(profiles)
     , m_notices(notices)
@@ -48,52 +43,21 @@ SettingsModel::SettingsModel(MenuStore& menus, PluginProfiles& profiles, Notices
 
 SettingsModel::~SettingsModel() = default;
 
-/// Calls the menu. What it throws is told, and the fallback is the answer.
-template <typename Result, typename Code>
-Result SettingsModel::ask(const char* operation, Result fallback, Code&& code)
-{
-    if (m_menu == nullptr) {
-        return fallback;
-    }
-    Result result = fallback;
-    if (const auto exception = exceptionOf([&] { result = code(*m_menu); })) {
-        tellFault(operation, *exception);
-        return fallback;
-    }
-    return result;
-}
-
-void SettingsModel::tellFault(const char* operation, const QString& exception)
-{
-    m_notices.postPluginFault(tr("The menu of the application \"%1\" failed in %2(): %3")
-                                  .arg(m_subject.name, QLatin1String(operation), exception));
-}
-
 void SettingsModel::setSubject(const SettingsSubject& subject)
 {
     const bool wasAvailable = isAvailable();
     if (subject.plugin != nullptr && subject.plugin == m_subject.plugin) {
         m_subject.name = subject.name;
+        m_menu.setName(subject.name);
         return;
     }
     // Nothing of the plug-in that goes is called any more.
-    m_menu = nullptr;
+    m_menu.clear();
     closeScreen();
-    m_items.setItems({});
     m_subject = subject;
     m_object = subject.object;
-    IMenuList* menu = nullptr;
     if (subject.plugin != nullptr) {
-        if (const auto exception = exceptionOf([&] { menu = subject.plugin->GetPluginMenu(); })) {
-            tellFault("GetPluginMenu", *exception);
-        }
-    }
-    if (menu != nullptr) {
-        m_menu = menu;
-        m_path = ask("GetMenuFilePath", QString(), [](IMenuList& asked) { return asked.GetMenuFilePath(); });
-        const MenuFile* const file = m_menus.menu(m_path);
-        m_menu = file != nullptr ? menu : nullptr;
-        m_items.setItems(file != nullptr ? file->items() : QList<MenuItem>());
+        m_menu.load(*subject.plugin, subject.name);
     }
     if (isAvailable() != wasAvailable) {
         emit availableChanged();
@@ -109,7 +73,7 @@ void SettingsModel::setLanguage(const QString& language)
     refresh();
     if (m_dialog.name == QLatin1String("help")) {
         showHelp(m_dialog.id);
-    } else if (const MenuItem* const asked = item(m_dialog.id)) {
+    } else if (const MenuItem* const asked = m_menu.item(m_dialog.id)) {
         const QString text = m_dialog.text;
         Dialog dialog = dialogOf(MenuItem(*asked));
         if (dialog.name == QLatin1String("number") || dialog.name == QLatin1String("text")) {
@@ -171,158 +135,47 @@ QList<QObject*> SettingsModel::dialogChoices() const
     return choices;
 }
 
-// What the menu says of its items.
-
-const MenuItem* SettingsModel::item(int id) const
-{
-    const QList<MenuItem>& items = m_items.items();
-    const auto found = std::find_if(items.cbegin(), items.cend(),
-                                    [id](const MenuItem& candidate) { return candidate.id == id; });
-    return found != items.cend() ? &*found : nullptr;
-}
-
-QString SettingsModel::translated(const MenuItem& item, const QString& text) const
-{
-    return item.context.isEmpty()
-               ? text
-               : QCoreApplication::translate(item.context.toUtf8().constData(), text.toUtf8().constData());
-}
-
-bool SettingsModel::isItemVisible(int id)
-{
-    return ask("IsItemVisible", false, [&](IMenuList& menu) { return menu.IsItemVisible(id, &m_items); });
-}
-
-bool SettingsModel::isItemEnabled(int id)
-{
-    return ask("IsItemEnabled", false, [&](IMenuList& menu) { return menu.IsItemEnabled(id, &m_items); });
-}
-
-QString SettingsModel::itemText(const MenuItem& item)
-{
-    const QString text =
-        ask("GetItemText", QString(), [&](IMenuList& menu) { return menu.GetItemText(item.id); });
-    return text.isEmpty() ? translated(item, item.text) : text;
-}
-
-QVariant SettingsModel::itemValue(const MenuItem& item)
-{
-    return PluginProfiles::typed(
-        item, ask("GetItemValue", QVariant(), [&](IMenuList& menu) { return menu.GetItemValue(item.id); }));
-}
-
-bool SettingsModel::range(int id, double* minimum, double* maximum)
-{
-    return ask("GetItemRange", false,
-               [&](IMenuList& menu) { return menu.GetItemRange(id, minimum, maximum); })
-           && *minimum <= *maximum;
-}
-
-MenuSelection SettingsModel::selection(int id)
-{
-    return ask("GetSelectionList", MenuSelection(),
-               [&](IMenuList& menu) { return PluginProfiles::selectionOf(menu, id); });
-}
-
-QString SettingsModel::numberText(const MenuItem& item, double number)
-{
-    if (item.decimals >= 0) {
-        return QString::number(number, 'f', item.decimals);
-    }
-    QString text = QString::number(number, 'f', MenuFile::MaximumDecimals);
-    while (text.endsWith(QLatin1Char('0'))) {
-        text.chop(1);
-    }
-    if (text.endsWith(QLatin1Char('.'))) {
-        text.chop(1);
-    }
-    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
-}
-
-QString SettingsModel::valueText(const MenuItem& item)
-{
-    if (!PluginProfiles::hasValue(item)) {
-        return QString();
-    }
-    const QVariant value = itemValue(item);
-    if (!value.isValid()) {
-        return QString();
-    }
-    if (item.kind == QLatin1String("bool")) {
-        return value.toBool() ? tr("On") : tr("Off");
-    }
-    if (item.kind == QLatin1String("number")) {
-        return numberText(item, value.toDouble());
-    }
-    if (item.kind == QLatin1String("selection")) {
-        const MenuSelection list = selection(item.id);
-        const int index = list.values.indexOf(value.toString());
-        return index >= 0 && index < list.names.size() ? list.names.at(index) : value.toString();
-    }
-    return value.toString();
-}
-
-QString SettingsModel::helpFile(const MenuItem& item)
-{
-    const QString file =
-        ask("GetHelpFilePath", QString(), [&](IMenuList& menu) { return menu.GetHelpFilePath(item.id); });
-    return file.isEmpty() ? item.helpFile : file;
-}
-
 SettingsModel::Row SettingsModel::row(const MenuItem& item)
 {
     Row row;
     row.id = item.id;
     row.kind = item.kind;
-    row.text = itemText(item);
-    row.valueText = valueText(item);
+    row.text = m_menu.text(item);
+    row.valueText = m_menu.valueText(item);
     if (item.kind == QLatin1String("number")) {
-        row.unit = ask("GetItemUnit", QString(), [&](IMenuList& menu) { return menu.GetItemUnit(item.id); });
+        row.unit = m_menu.unit(item.id);
     }
-    row.changeable = isItemEnabled(item.id);
+    row.changeable = m_menu.isEnabled(item.id);
     if (item.kind == QLatin1String("bool")) {
-        row.checked = itemValue(item).toBool();
-        row.changeable = row.changeable && ask("IsItemBoolValueAllowedToToggle", false, [&](IMenuList& menu) {
-                             return menu.IsItemBoolValueAllowedToToggle(item.id, &m_items);
-                         });
+        row.checked = m_menu.value(item).toBool();
+        row.changeable = row.changeable && m_menu.isToggleAllowed(item.id);
     }
-    row.hasHelp = !helpFile(item).isEmpty();
+    row.hasHelp = !m_menu.helpFile(item).isEmpty();
     return row;
 }
 
 QVector<SettingsModel::Row> SettingsModel::rows()
 {
     QVector<Row> rows;
-    const QList<MenuItem> items = m_items.items(); // a copy: the plug-in may close itself in any call
+    const QList<MenuItem> items = m_menu.items(); // a copy: the plug-in may close itself in any call
     for (const MenuItem& item : items) {
-        if (item.parentId == m_page && isItemVisible(item.id)) {
+        if (item.parentId == m_page && m_menu.isVisible(item.id)) {
             rows.append(row(item));
         }
     }
     return rows;
 }
 
-bool SettingsModel::isReachable(const MenuItem& item)
-{
-    for (const MenuItem* at = &item; at != nullptr; at = this->item(at->parentId)) {
-        if (!isItemVisible(at->id) || (at != &item && !isItemEnabled(at->id))) {
-            return false;
-        }
-    }
-    return true;
-}
-
 // The page.
 
 void SettingsModel::refresh()
 {
-    const MenuItem* const page = item(m_page);
+    const MenuItem* const page = m_menu.item(m_page);
     const int parentId = page != nullptr ? page->parentId : 0;
-    const QString top =
-        ask("GetMenuName", m_subject.name, [](IMenuList& menu) { return menu.GetMenuName(); });
+    const QString top = m_menu.title();
     const auto titleOf = [&](int id) {
-        const MenuItem* const found = item(id);
-        return found != nullptr ? itemText(MenuItem(*found)) : top;
+        const MenuItem* const found = m_menu.item(id);
+        return found != nullptr ? m_menu.text(MenuItem(*found)) : top;
     };
     m_title = titleOf(m_page);
     m_parentTitle = m_page != 0 ? titleOf(parentId) : QString();
@@ -391,7 +244,7 @@ void SettingsModel::back()
         cancel();
         return;
     }
-    const MenuItem* const page = item(m_page);
+    const MenuItem* const page = m_menu.item(m_page);
     if (page != nullptr) {
         showPage(page->parentId);
     } else {
@@ -404,12 +257,12 @@ QString SettingsModel::goTo(int id)
     if (!m_open) {
         return tr("The settings are not open.");
     }
-    const MenuItem* const found = item(id);
-    if (found == nullptr || !isReachable(MenuItem(*found))) {
+    const MenuItem* const found = m_menu.item(id);
+    if (found == nullptr || !m_menu.isReachable(MenuItem(*found))) {
         return tr("There is no setting %1 now.").arg(id);
     }
     cancel();
-    const MenuItem* const still = item(id);
+    const MenuItem* const still = m_menu.item(id);
     if (still != nullptr && still->parentId != m_page) {
         showPage(still->parentId);
     }
@@ -435,7 +288,7 @@ QString SettingsModel::press(int id)
 {
     refresh(); // what the plug-in allows may have changed since the page was shown
     const QString refusal = refusalOf(id);
-    const MenuItem* const found = item(id);
+    const MenuItem* const found = m_menu.item(id);
     if (!refusal.isEmpty() || found == nullptr) {
         return refusal;
     }
@@ -445,7 +298,7 @@ QString SettingsModel::press(int id)
         return QString();
     }
     if (pressed.kind == QLatin1String("bool")) {
-        const QString error = change(pressed, !itemValue(pressed).toBool());
+        const QString error = change(pressed, !m_menu.value(pressed).toBool());
         if (!error.isEmpty()) {
             m_notices.post(NoticeSeverity::Warning, error);
         }
@@ -462,38 +315,38 @@ SettingsModel::Dialog SettingsModel::dialogOf(const MenuItem& item)
 {
     Dialog dialog;
     dialog.id = item.id;
-    dialog.title = itemText(item);
+    dialog.title = m_menu.text(item);
     qDeleteAll(m_choices);
     m_choices.clear();
     if (item.kind == QLatin1String("number")) {
         dialog.name = QStringLiteral("number");
-        const QVariant value = itemValue(item);
-        dialog.text = value.isValid() ? numberText(item, value.toDouble()) : QString();
-        dialog.unit =
-            ask("GetItemUnit", QString(), [&](IMenuList& menu) { return menu.GetItemUnit(item.id); });
+        const QVariant value = m_menu.value(item);
+        dialog.text = value.isValid() ? m_menu.numberText(item, value.toDouble()) : QString();
+        dialog.unit = m_menu.unit(item.id);
         dialog.decimals = item.decimals >= 0 ? item.decimals : MenuFile::MaximumDecimals;
         double minimum = 0.0;
         double maximum = 0.0;
-        const bool hasRange = range(item.id, &minimum, &maximum);
+        const bool hasRange = m_menu.range(item.id, &minimum, &maximum);
         if (hasRange) {
-            dialog.range = tr("%1 to %2").arg(numberText(item, minimum), numberText(item, maximum));
+            dialog.range =
+                tr("%1 to %2").arg(m_menu.numberText(item, minimum), m_menu.numberText(item, maximum));
         }
         dialog.isSigned = !hasRange || minimum < 0.0;
     } else if (item.kind == QLatin1String("text")) {
         dialog.name = QStringLiteral("text");
-        dialog.text = valueText(item);
+        dialog.text = m_menu.valueText(item);
         dialog.maximumLength = item.maximumLength > 0 ? item.maximumLength : UsualTextLength;
     } else if (item.kind == QLatin1String("selection")) {
         dialog.name = QStringLiteral("selection");
-        const MenuSelection list = selection(item.id);
-        const QString current = itemValue(item).toString();
+        const MenuSelection list = m_menu.selection(item.id);
+        const QString current = m_menu.value(item).toString();
         for (int i = 0; i < list.names.size(); ++i) {
             m_choices.append(new SelectListItem(this, list.names.at(i), QString(), i, QString(),
                                                 list.values.at(i) == current, false));
         }
     } else if (item.kind == QLatin1String("command")) {
         dialog.name = QStringLiteral("confirmation");
-        dialog.text = translated(item, item.confirmation);
+        dialog.text = m_menu.translated(item, item.confirmation);
     }
     return dialog;
 }
@@ -530,24 +383,24 @@ void SettingsModel::closeDialog(bool entered, QString text)
         return;
     }
     setDialog(Dialog());
-    if (closed.name == QLatin1String("number") && m_object && m_menu != nullptr) {
+    if (closed.name == QLatin1String("number") && m_object && m_menu.isAvailable()) {
         if (const auto exception = exceptionOf([&] {
                 QMetaObject::invokeMethod(m_object, "onNumericDialogClosed", Qt::DirectConnection,
                                           Q_ARG(int, closed.id), Q_ARG(bool, entered), Q_ARG(QString, text));
             })) {
-            tellFault("onNumericDialogClosed", *exception);
+            m_menu.tellFault("onNumericDialogClosed", *exception);
         }
     }
 }
 
 QString SettingsModel::showHelp(int id)
 {
-    const MenuItem* const found = item(id);
+    const MenuItem* const found = m_menu.item(id);
     if (!m_open || found == nullptr) {
         return tr("There is no setting %1 now.").arg(id);
     }
     const MenuItem asked = *found;
-    QString path = m_menus.resolved(helpFile(asked));
+    QString path = m_menus.resolved(m_menu.helpFile(asked));
     // The text in the person's language, when there is one.
     const QFileInfo info(path);
     const QString own = info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1Char('_')
@@ -564,7 +417,7 @@ QString SettingsModel::showHelp(int id)
     Dialog dialog;
     dialog.name = QStringLiteral("help");
     dialog.id = id;
-    dialog.title = itemText(asked);
+    dialog.title = m_menu.text(asked);
     dialog.text = QString::fromUtf8(file.read(MaximumHelpSize));
     const QString suffix = info.suffix().toLower();
     dialog.format = suffix == QLatin1String("md")     ? QStringLiteral("markdown")
@@ -576,34 +429,9 @@ QString SettingsModel::showHelp(int id)
     return QString();
 }
 
-QString SettingsModel::number(const MenuItem& item, const QString& text, QVariant* value)
-{
-    static const QRegularExpression form(QStringLiteral("^[+-]?(\\d+(\\.(\\d*))?|\\.(\\d+))$"));
-    const QString entered = text.trimmed().replace(QLatin1Char(','), QLatin1Char('.'));
-    const QRegularExpressionMatch match = form.match(entered);
-    if (!match.hasMatch()) {
-        return tr("This is no number.");
-    }
-    const int decimals = item.decimals >= 0 ? item.decimals : MenuFile::MaximumDecimals;
-    if (match.captured(3).size() + match.captured(4).size() > decimals) {
-        return decimals == 0 ? tr("Enter a whole number.") : tr("Decimals: at most %1.").arg(decimals);
-    }
-    const double number = QLocale::c().toDouble(entered);
-    double minimum = 0.0;
-    double maximum = 0.0;
-    if (range(item.id, &minimum, &maximum) && !(number >= minimum && number <= maximum)) {
-        return tr("Enter a number from %1 to %2.").arg(numberText(item, minimum), numberText(item, maximum));
-    }
-    *value = PluginProfiles::typed(item, number);
-    if (!std::isfinite(number) || std::fabs(value->toDouble() - number) >= 0.5) {
-        return tr("The number is too large."); // beyond what a whole number can be
-    }
-    return QString();
-}
-
 QString SettingsModel::enter(const QString& text)
 {
-    const MenuItem* const found = item(m_dialog.id);
+    const MenuItem* const found = m_menu.item(m_dialog.id);
     if (found == nullptr
         || (m_dialog.name != QLatin1String("number") && m_dialog.name != QLatin1String("text"))) {
         return tr("Nothing is asked for.");
@@ -612,7 +440,7 @@ QString SettingsModel::enter(const QString& text)
     QVariant value = text;
     QString error;
     if (m_dialog.name == QLatin1String("number")) {
-        error = number(asked, text, &value);
+        error = m_menu.readNumber(asked, text, &value);
     } else if (text.size() > m_dialog.maximumLength) {
         error = tr("Characters: at most %1.").arg(m_dialog.maximumLength);
     }
@@ -624,21 +452,21 @@ QString SettingsModel::enter(const QString& text)
         emit dialogChanged();
         return setDialogError(error);
     }
-    const MenuItem* const still = item(asked.id);
+    const MenuItem* const still = m_menu.item(asked.id);
     const bool isNumber = asked.kind == QLatin1String("number");
-    closeDialog(true, isNumber && still != nullptr ? numberText(asked, value.toDouble()) : text);
+    closeDialog(true, isNumber && still != nullptr ? m_menu.numberText(asked, value.toDouble()) : text);
     refresh(); // the plug-in may have reacted to the end of the dialog
     return QString();
 }
 
 QString SettingsModel::choose(int index)
 {
-    const MenuItem* const found = item(m_dialog.id);
+    const MenuItem* const found = m_menu.item(m_dialog.id);
     if (found == nullptr || m_dialog.name != QLatin1String("selection")) {
         return tr("Nothing is asked for.");
     }
     const MenuItem asked = *found;
-    const MenuSelection list = selection(asked.id);
+    const MenuSelection list = m_menu.selection(asked.id);
     if (index < 0 || index >= list.names.size()) {
         return tr("There is no such entry.");
     }
@@ -652,7 +480,7 @@ QString SettingsModel::choose(int index)
 
 QString SettingsModel::confirm()
 {
-    const MenuItem* const found = item(m_dialog.id);
+    const MenuItem* const found = m_menu.item(m_dialog.id);
     if (found == nullptr || m_dialog.name != QLatin1String("confirmation")) {
         return tr("Nothing is asked for.");
     }
@@ -670,32 +498,24 @@ void SettingsModel::cancel()
 
 QString SettingsModel::change(const MenuItem& item, const QVariant& value)
 {
-    if (!isItemEnabled(item.id)) {
-        return tr("\"%1\" cannot be changed now.").arg(itemText(item));
+    if (!m_menu.isEnabled(item.id)) {
+        return tr("\"%1\" cannot be changed now.").arg(m_menu.text(item));
     }
-    if (!ask("IsItemValueValid", false,
-             [&](IMenuList& menu) { return menu.IsItemValueValid(item.id, value); })) {
+    if (!m_menu.accepts(item.id, value)) {
         return tr("This value is not allowed.");
     }
-    const QMap<int, QVariant> before = values();
-    if (!ask("SetItemValue", false, [&](IMenuList& menu) { return menu.SetItemValue(item.id, value); })) {
+    const QMap<int, QVariant> before = m_menu.values();
+    if (!m_menu.setValue(item.id, value)) {
         return tr("The application has refused the value.");
     }
     // A menu may have rounded the value. One that keeps its values in the profile has it there already, and setting it
     // again does nothing.
-    QVariant now = itemValue(item);
+    QVariant now = m_menu.value(item);
     if (!now.isValid()) {
         now = value;
     }
-    const QString text = itemText(item);
-    ask("SetProfileItem", false, [&](IMenuList&) {
-        m_subject.plugin->SetProfileItem(item.id, now, text);
-        return true;
-    });
-    ask("OnItemValueChanged", false, [&](IMenuList& menu) {
-        menu.OnItemValueChanged(item.id);
-        return true;
-    });
+    m_menu.setProfileItem(item.id, now, m_menu.text(item));
+    m_menu.notifyChanged(item.id);
     storeChanges(before, {{item.id, now}});
     refresh();
     return QString();
@@ -703,42 +523,26 @@ QString SettingsModel::change(const MenuItem& item, const QVariant& value)
 
 QString SettingsModel::execute(const MenuItem& item)
 {
-    const QMap<int, QVariant> before = values();
-    const QString failure = tr("\"%1\" has failed.").arg(itemText(item));
-    const bool executed = ask("ExecuteCommand", false, [&](IMenuList& menu) {
-        menu.ExecuteCommand(item.id, &m_items);
-        return true;
-    });
+    const QMap<int, QVariant> before = m_menu.values();
+    const QString failure = tr("\"%1\" has failed.").arg(m_menu.text(item));
+    const bool executed = m_menu.execute(item.id);
     storeChanges(before, {});
     refresh();
     return executed ? QString() : failure;
-}
-
-/// The values of all items as the menu has them.
-QMap<int, QVariant> SettingsModel::values()
-{
-    QMap<int, QVariant> values;
-    const QList<MenuItem> items = m_items.items();
-    for (const MenuItem& item : items) {
-        if (PluginProfiles::hasValue(item)) {
-            values.insert(item.id, itemValue(item));
-        }
-    }
-    return values;
 }
 
 /// Stores what was set, and what the plug-in has changed along with it.
 void SettingsModel::storeChanges(const QMap<int, QVariant>& before, const QMap<int, QVariant>& set)
 {
     QMap<int, QVariant> changed = set;
-    const QMap<int, QVariant> now = values();
+    const QMap<int, QVariant> now = m_menu.values();
     for (auto value = now.cbegin(); value != now.cend(); ++value) {
         if (value->isValid() && before.value(value.key()) != *value) {
             changed.insert(value.key(), *value);
         }
     }
-    if (!changed.isEmpty() && m_menu != nullptr) {
-        m_profiles.store(*m_menu, m_path, m_subject.identifier, changed);
+    if (!changed.isEmpty() && m_menu.isAvailable()) {
+        m_profiles.store(*m_menu.list(), m_menu.path(), m_subject.identifier, changed);
     }
 }
 
@@ -752,13 +556,13 @@ QString SettingsModel::pressAnywhere(int id)
 
 QString SettingsModel::set(int id, const QString& text)
 {
-    const MenuItem* const found = item(id);
+    const MenuItem* const found = m_menu.item(id);
     if (found == nullptr) {
         return goTo(id);
     }
     const MenuItem wanted = *found;
     if (!PluginProfiles::hasValue(wanted)) {
-        return tr("\"%1\" has no value.").arg(itemText(wanted));
+        return tr("\"%1\" has no value.").arg(m_menu.text(wanted));
     }
     if (wanted.kind == QLatin1String("bool")) {
         const bool on = text == QLatin1String("on");
@@ -766,7 +570,7 @@ QString SettingsModel::set(int id, const QString& text)
             return tr("A yes/no is set to on or off.");
         }
         const QString error = goTo(id);
-        return !error.isEmpty() || itemValue(wanted).toBool() == on ? error : press(id);
+        return !error.isEmpty() || m_menu.value(wanted).toBool() == on ? error : press(id);
     }
     QString error = pressAnywhere(id);
     if (!error.isEmpty()) {
@@ -775,7 +579,7 @@ QString SettingsModel::set(int id, const QString& text)
     if (wanted.kind != QLatin1String("selection")) {
         return enter(text);
     }
-    const MenuSelection list = selection(id);
+    const MenuSelection list = m_menu.selection(id);
     const int byName = list.names.indexOf(text);
     const int index = byName >= 0 ? byName : list.values.indexOf(text);
     return index >= 0 ? choose(index)
@@ -785,11 +589,11 @@ QString SettingsModel::set(int id, const QString& text)
 
 std::optional<QString> SettingsModel::shownText(int id)
 {
-    const MenuItem* const found = item(id);
-    if (!m_open || found == nullptr || !isReachable(MenuItem(*found))) {
+    const MenuItem* const found = m_menu.item(id);
+    if (!m_open || found == nullptr || !m_menu.isReachable(MenuItem(*found))) {
         return std::nullopt;
     }
-    const Row shown = row(MenuItem(*item(id)));
+    const Row shown = row(MenuItem(*m_menu.item(id)));
     if (shown.kind == QLatin1String("menu") || shown.kind == QLatin1String("command")) {
         return shown.text;
     }

@@ -2,8 +2,7 @@
 #ifndef BRIMVALE_SETTINGSMODEL_H
 #define BRIMVALE_SETTINGSMODEL_H
 
-#include "host/ListModel.h"
-#include "menu/MenuFile.h"
+#include "menu/PluginMenu.h"
 
 #include <QAbstractListModel>
 #include <QMap>
@@ -17,7 +16,6 @@
 namespace Brimvale
 {
 
-class IMenuList;
 class IPlugin;
 class SelectListItem;
 
@@ -27,7 +25,6 @@ namespace Terminal
 class MenuStore;
 class Notices;
 class PluginProfiles;
-struct MenuSelection;
 
 /// Whose settings are shown; nothing is owned.
 struct SettingsSubject
@@ -109,7 +106,7 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    bool isAvailable() const { return m_menu != nullptr; }
+    bool isAvailable() const { return m_menu.isAvailable(); }
     bool isOpen() const { return m_open; }
     QString title() const { return m_title; }
     QString parentTitle() const { return m_parentTitle; }
@@ -196,23 +193,8 @@ private:
         int maximumLength = 0;
     };
 
-    template <typename Result, typename Code>
-    Result ask(const char* operation, Result fallback, Code&& code);
-
-    const MenuItem* item(int id) const;
-    QString translated(const MenuItem& item, const QString& text) const;
-    bool isItemVisible(int id);
-    bool isItemEnabled(int id);
-    QString itemText(const MenuItem& item);
-    QVariant itemValue(const MenuItem& item);
-    QString valueText(const MenuItem& item);
-    QString helpFile(const MenuItem& item);
-    bool range(int id, double* minimum, double* maximum);
-    MenuSelection selection(int id);
-    static QString numberText(const MenuItem& item, double number);
     Row row(const MenuItem& item);
     QVector<Row> rows();
-    bool isReachable(const MenuItem& item);
 
     void refresh();
     void showPage(int id);
@@ -223,21 +205,16 @@ private:
     void setDialog(const Dialog& dialog);
     QString setDialogError(const QString& error);
     void closeDialog(bool entered, QString text);
-    QString number(const MenuItem& item, const QString& text, QVariant* value);
     QString change(const MenuItem& item, const QVariant& value);
     QString execute(const MenuItem& item);
-    QMap<int, QVariant> values();
     void storeChanges(const QMap<int, QVariant>& before, const QMap<int, QVariant>& set);
-    void tellFault(const char* operation, const QString& exception);
 
+    PluginMenu m_menu;
     MenuStore& m_menus;
     PluginProfiles& m_profiles;
     Notices& m_notices;
     SettingsSubject m_subject;
     QPointer<QObject> m_object;
-    IMenuList* m_menu = nullptr;
-    QString m_path; ///< Of the menu file.
-    ListModel m_items;
     QString m_language;
     bool m_open = false;
     int m_page = 0; ///< Id of the menu that is shown; 0 is the top.

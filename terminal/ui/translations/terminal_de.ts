@@ -937,6 +937,41 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::PluginMenu</name>
+    <message>
+        <source>The menu of the application &quot;%1&quot; failed in %2(): %3</source>
+        <translation>Das Menü der Anwendung „%1“ ist in %2() fehlgeschlagen: %3</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>This is no number.</source>
+        <translation>Das ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>Enter a whole number.</source>
+        <translation>Bitte eine ganze Zahl eingeben.</translation>
+    </message>
+    <message>
+        <source>Decimals: at most %1.</source>
+        <translation>Nachkommastellen: höchstens %1.</translation>
+    </message>
+    <message>
+        <source>Enter a number from %1 to %2.</source>
+        <translation>Bitte eine Zahl von %1 bis %2 eingeben.</translation>
+    </message>
+    <message>
+        <source>The number is too large.</source>
+        <translation>Die Zahl ist zu groß.</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::PluginProfiles</name>
     <message>
         <source>The application failed in %1() while it was given its settings: %2</source>
@@ -1367,18 +1402,6 @@
 <context>
     <name>Brimvale::Terminal::SettingsModel</name>
     <message>
-        <source>The menu of the application &quot;%1&quot; failed in %2(): %3</source>
-        <translation>Das Menü der Anwendung „%1“ ist in %2() fehlgeschlagen: %3</translation>
-    </message>
-    <message>
-        <source>On</source>
-        <translation>Ein</translation>
-    </message>
-    <message>
-        <source>Off</source>
-        <translation>Aus</translation>
-    </message>
-    <message>
         <source>The application has no settings.</source>
         <translation>Die Anwendung hat keine Einstellungen.</translation>
     </message>
@@ -1401,26 +1424,6 @@
     <message>
         <source>The help text %1 cannot be read.</source>
         <translation>Der Hilfetext %1 kann nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>This is no number.</source>
-        <translation>Das ist keine Zahl.</translation>
-    </message>
-    <message>
-        <source>Enter a whole number.</source>
-        <translation>Bitte eine ganze Zahl eingeben.</translation>
-    </message>
-    <message>
-        <source>Decimals: at most %1.</source>
-        <translation>Nachkommastellen: höchstens %1.</translation>
-    </message>
-    <message>
-        <source>Enter a number from %1 to %2.</source>
-        <translation>Bitte eine Zahl von %1 bis %2 eingeben.</translation>
-    </message>
-    <message>
-        <source>The number is too large.</source>
-        <translation>Die Zahl ist zu groß.</translation>
     </message>
     <message>
         <source>Nothing is asked for.</source>
