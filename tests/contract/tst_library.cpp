@@ -39,7 +39,6 @@ class TestLibrary : public QObject
 private slots:
     void initTestCase();
     void exportsWhatPublicHeadersDeclareOnly();
-    void everyPolymorphicClassIsInTheTableOfSlots();
     void nameBearsTheMajorVersion();
     void needsRuntimesQtCoreAndLoggerOnly();
 
@@ -93,31 +92,6 @@ void TestLibrary::exportsWhatPublicHeadersDeclareOnly()
     }
     QVERIFY2(foreign.isEmpty(),
              qPrintable(QStringLiteral("also exported: ") + foreign.join(QStringLiteral("; "))));
-}
-
-void TestLibrary::everyPolymorphicClassIsInTheTableOfSlots()
-{
-    QSet<QString> exported;
-    for (const QString& symbol : m_symbols) {
-        const int begin = symbol.indexOf(QLatin1String("vtable for Brimvale::"));
-        if (begin >= 0)
-            exported.insert(symbol.mid(symbol.lastIndexOf(QLatin1Char(':')) + 1));
-    }
-
-    QFile table(QStringLiteral(VTABLES));
-    QVERIFY(table.open(QIODevice::ReadOnly | QIODevice::Text));
-    QSet<QString> listed;
-    static const QRegularExpression head(QStringLiteral("^(\\w+)"));
-    for (const QByteArray& line : table.readAll().split('\n')) {
-        const QString name = head.match(QString::fromUtf8(line)).captured(1);
-        if (!name.isEmpty() && name != QLatin1String("QObject"))
-            listed.insert(name);
-    }
-
-    const QString missing = sorted(exported - listed).join(QStringLiteral(", "));
-    QVERIFY2(missing.isEmpty(), qPrintable(QStringLiteral("add to " VTABLES ": ") + missing));
-    const QString gone = sorted(listed - exported).join(QStringLiteral(", "));
-    QVERIFY2(gone.isEmpty(), qPrintable(QStringLiteral("the library exports no table of: ") + gone));
 }
 
 void TestLibrary::nameBearsTheMajorVersion()
