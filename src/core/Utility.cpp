@@ -187,8 +187,10 @@ QString Utility::ButtonText(const QString& text)
 QString Utility::removeSubOrSuperscriptText(QString text)
 {
     // Whole tags first, then what truncation may have left of one.
-    for (const char* tag : {"<sub>", "</sub>", "<sup>", "</sup>", "<sub", "</sub", "<sup", "</sup", "<su",
-                            "</su", "<s", "</s", "</"})
+    // Texts and not pointers to them, which the dynamic linker would have to adjust.
+    static constexpr char Tags[][7] = {"<sub>", "</sub>", "<sup>", "</sup>", "<sub", "</sub", "<sup",
+                                       "</sup", "<su",    "</su",  "<s",     "</s",  "</"};
+    for (const auto& tag : Tags)
         text.remove(QLatin1String(tag), Qt::CaseSensitive);
     return text;
 }
