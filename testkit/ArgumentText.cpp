@@ -216,7 +216,9 @@ QString argumentText(const FormattedValue& value)
     const FormattedValue empty;
     return RecordText()
         .member("valueMark", value.valueMark, empty.valueMark)
-        .member("bracketedDigitCount", int(value.bracketedDigitCount), int(empty.bracketedDigitCount))
+        // A plain char has a sign on some processors only.
+        .member("bracketedDigitCount", int(static_cast<signed char>(value.bracketedDigitCount)),
+                int(static_cast<signed char>(empty.bracketedDigitCount)))
         .member("isStable", value.isStable, empty.isStable)
         .member("text", value.text, empty.text)
         .member("errorText", value.errorText, empty.errorText)

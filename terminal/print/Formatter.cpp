@@ -88,7 +88,8 @@ ValueAndUnit printedValue(const FormattedValue& record, bool marks)
     ValueAndUnit parts = splitValue(record.text);
     if (!marks)
         return parts;
-    parts.value = withBrackets(parts.value, record.bracketedDigitCount);
+    // A plain char has a sign on some processors only.
+    parts.value = withBrackets(parts.value, static_cast<signed char>(record.bracketedDigitCount));
     QString mark;
     if (record.valueMark != 0 && record.valueMark != ' ')
         mark += QLatin1Char(record.valueMark);
