@@ -45,6 +45,9 @@ test-arm:
 	tools/arm-sysroot build/arm
 	cmake --preset arm
 	cmake --build --preset arm --parallel $(JOBS)
+	@# The table of this processor that the other's is compared with, where there is a build.
+	@if [ -x build/dev/bin/results ]; then \
+		cmake --build --preset dev --parallel $(JOBS) --target results && ctest --preset dev -R '^results$$' || true; fi
 	ctest --preset arm --parallel $(JOBS) $(TEST_ARGS)
 
 bench:
