@@ -10,7 +10,7 @@ namespace Terminal
 {
 
 /// The application object. An exception that a slot or event handler throws (that of a plug-in, as a rule) goes no
-/// further than the event that brought it about.
+/// further than the event that brought it about, nor into the QML engine. What is executed is told to RunningCode.
 class GuardedApplication : public QGuiApplication
 {
     Q_OBJECT
@@ -18,12 +18,17 @@ class GuardedApplication : public QGuiApplication
 
 public:
     GuardedApplication(int& argc, char** argv);
+    ~GuardedApplication() override;
 
     bool notify(QObject* receiver, QEvent* event) override;
 
 signals:
-    /// @p receiver names the object whose event it was, @p exception is the exception in words.
-    void exceptionCaught(const QString& receiver, const QString& exception);
+    /// @p receiver names the object whose event it was, @p exception is the exception in words; @p object is null
+    /// when it is gone.
+    void exceptionCaught(const QString& receiver, const QString& exception, QObject* object);
+
+private:
+    void report(QObject* object, const QString& exception);
 };
 
 } // namespace Terminal

@@ -3,6 +3,7 @@
 
 #include "app/CommandLine.h"
 #include "app/Console.h"
+#include "app/PluginFaults.h"
 #include "app/Session.h"
 #include "app/TimeDriver.h"
 #include "script/ScriptRunner.h"
@@ -110,6 +111,10 @@ public:
         if (m_plugins.activeIndex() == index) {
             m_plugins.deactivate();
             settle();
+            const QStringList left = m_session.pluginFaults().leftBehind().objects;
+            if (!left.isEmpty())
+                m_remarks.append(QStringLiteral("left behind, and never deleted: ")
+                                 + left.join(QStringLiteral(", ")));
             ok = tell("close") && ok;
         }
         return ok;

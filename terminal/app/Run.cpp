@@ -6,6 +6,7 @@
 #include "app/GuardedApplication.h"
 #include "app/HeadlessRun.h"
 #include "app/LogOutput.h"
+#include "app/PluginFaults.h"
 #include "app/Session.h"
 #include "app/TerminationSignals.h"
 #include "app/TimeDriver.h"
@@ -239,7 +240,8 @@ int runTerminal(int argc, char** argv)
     LogOutput log(options.logLevel);
     TerminationSignals terminationSignals;
     Session session(options, *timeAndSource.clock, std::move(timeAndSource.source), log);
-    QObject::connect(&application, &GuardedApplication::exceptionCaught, &session, &Session::reportException);
+    QObject::connect(&application, &GuardedApplication::exceptionCaught, &session.pluginFaults(),
+                     &PluginFaults::reportException);
     QStringList errors;
     if (!session.prepare(&errors)) {
         for (const QString& error : qAsConst(errors))

@@ -4,6 +4,7 @@
 #include "ISystemRegister.h"
 #include "QsLog.h"
 #include "app/CommandLine.h"
+#include "app/PluginFaults.h"
 #include "print/FilePrinter.h"
 #include "print/PdfPrinter.h"
 #include "print/SicsPrinter.h"
@@ -94,6 +95,13 @@ QString printJournalFile(const Options& options)
     return info.path() + QLatin1Char('/') + info.completeBaseName() + QStringLiteral(".print-queue");
 }
 
+/// Where a crash of a plug-in is noted; empty: nowhere. A run without a window does what it was told to, whatever the
+/// last one came to.
+QString crashNoteFile(const Options& options)
+{
+    return options.headless ? QString() : settingsFile(options) + QStringLiteral(".crash");
+}
+
 HostSettings hostSettings(const Options& options)
 {
     HostSettings settings;
@@ -165,6 +173,7 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
     , m_screen(m_instrument, m_window)
     , m_host(std::make_unique<Host>(m_scale, clock, m_screen, hostSettings(options)))
 {
+    m_faults = std::make_unique<PluginFaults>(*m_host, m_instrument, crashNoteFile(options));
     m_settingsModel =
         std::make_unique<SettingsModel>(m_host->menuStore(), m_host->pluginProfiles(), m_host->notices());
     m_instrument.setSettings(m_settingsModel.get());
@@ -686,6 +695,7 @@ bool Session::listen(QString* error)
 
 void Session::loadPlugins()
 {
+    m_faults->lookForCrash();
     for (const QString& file : m_options.plugins)
         reportLoad(m_host->plugins().load(file));
     m_namedPlugins = m_host->plugins().count();
@@ -712,7 +722,7 @@ bool Session::start()
                 tr("There is no plug-in \"%1\" to start. Loaded are: %2.")
                     .arg(m_options.startId, ids.isEmpty() ? tr("none") : ids.join(QStringLiteral(", "))));
         }
-    } else if (!m_options.withoutPlugin) {
+    } else if (!m_options.withoutPlugin && !m_faults->hasCrashed()) {
         const QVector<int> order = startOrder();
         started = std::any_of(order.begin(), order.end(), [this](int index) { return startPlugin(index); });
     }
@@ -780,12 +790,6 @@ void Session::forgiveErrors(const QString& part)
     m_errors.erase(std::remove_if(m_errors.begin(), m_errors.end(),
                                   [&part](const QString& error) { return error.contains(part); }),
                    m_errors.end());
-}
-
-void Session::reportException(const QString& receiver, const QString& exception)
-{
-    QLOG_ERROR().noquote() << "exception in an event of" << receiver << ":" << exception;
-    m_host->reportException(exception);
 }
 
 void Session::onNotice(NoticeSeverity severity, const QString& text)

@@ -35,6 +35,7 @@ namespace Terminal
 {
 
 struct Options;
+class PluginFaults;
 class SicsScale;
 class SicsServer;
 class SimulatedSource;
@@ -79,6 +80,7 @@ public:
     /// The source, when it is the simulated scale; otherwise null.
     SimulatedSource* simulation() { return m_simulation; }
     Host& host() { return *m_host; }
+    PluginFaults& pluginFaults() { return *m_faults; }
     InstrumentModel& instrument() { return m_instrument; }
     SettingsModel& settings() { return *m_settingsModel; }
     BenchModel& bench() { return m_bench; }
@@ -129,10 +131,6 @@ public:
 
     /// Saves a picture of the terminal.
     bool grab(const QString& pngFile, QString* error) { return m_window.grab(pngFile, error); }
-
-public slots:
-    /// An exception of a plug-in that went as far as the event loop.
-    void reportException(const QString& receiver, const QString& exception);
 
 signals:
     /// The person closed the window.
@@ -194,6 +192,7 @@ private:
     TerminalWindow m_window;
     WindowScreen m_screen;
     std::unique_ptr<Host> m_host;
+    std::unique_ptr<PluginFaults> m_faults;
     std::unique_ptr<SettingsModel> m_settingsModel;
     Formatter m_formatter;
     std::unique_ptr<SicsScale> m_sicsScale;

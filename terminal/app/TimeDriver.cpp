@@ -20,7 +20,7 @@ namespace
 /// Runs the event loop until something happened or @p ms of real time are over.
 void waitForEvents(qint64 ms)
 {
-    QTimer timer;
+    QTimer timer(QCoreApplication::instance());
     timer.setSingleShot(true);
     timer.setTimerType(Qt::PreciseTimer);
     timer.start(static_cast<int>(std::clamp<qint64>(ms, 0, 3600000)));

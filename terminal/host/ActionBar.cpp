@@ -162,7 +162,7 @@ bool ActionBar::press(const QString& uid)
     IAction* const action = item->action;
     // The worker may do anything, destroy the action or close the plug-in included: nothing is touched
     // afterwards.
-    if (const auto exception = exceptionOf([action] { action->doAction(); })) {
+    if (const auto exception = exceptionOf("an action", [action] { action->doAction(); })) {
         m_notices.postPluginFault(tr("The action \"%1\" failed: %2").arg(name, *exception));
     }
     return true;

@@ -276,7 +276,8 @@ bool Host::pressPrint()
         return false; // it could serve the request only at its next start
     }
     m_protocol.requestByPrintKey();
-    if (const auto exception = exceptionOf([plugin] { QMetaObject::invokeMethod(plugin, "onDoPrint"); })) {
+    if (const auto exception =
+            exceptionOf("onDoPrint()", [plugin] { QMetaObject::invokeMethod(plugin, "onDoPrint"); })) {
         m_notices.postPluginFault(tr("The application failed at the print request: %1").arg(*exception));
     }
     m_protocol.endRequest();
@@ -360,7 +361,9 @@ void Host::onReleased()
 void Host::onFault(const PluginFault& fault)
 {
     m_notices.post(NoticeSeverity::Error, fault.message);
-    disconnectServices(fault.object);
+    if (fault.object != nullptr) {
+        disconnectServices(fault.object);
+    }
     m_system.resetInfosectionProvider();
 }
 

@@ -21,10 +21,15 @@ void Notices::post(NoticeSeverity severity, const QString& text)
 
 void Notices::postPluginFault(const QString& text)
 {
-    if (!m_pluginFaults.contains(text)) {
-        m_pluginFaults.insert(text);
-        post(NoticeSeverity::Error, text);
+    // A text that is another one each time must not fill the memory either.
+    const bool isOneTooMany = !m_pluginFaults.contains(text) && m_pluginFaults.size() >= MaximumPluginFaults;
+    const QString told =
+        isOneTooMany ? tr("The application fails again and again; further faults are only counted.") : text;
+    const int count = ++m_pluginFaults[told];
+    if (count == 1) {
+        post(NoticeSeverity::Error, told);
     }
+    emit pluginFault(told, count);
 }
 
 void Notices::forgetPluginFaults()

@@ -2,8 +2,8 @@
 #ifndef BRIMVALE_NOTICES_H
 #define BRIMVALE_NOTICES_H
 
+#include <QHash>
 #include <QObject>
-#include <QSet>
 #include <QString>
 
 namespace Brimvale
@@ -32,8 +32,12 @@ public:
     /// Posts a notice; an empty text is ignored.
     void post(NoticeSeverity severity, const QString& text);
 
+    /// Of one start of a plug-in so many different faults are told, and no more.
+    static constexpr int MaximumPluginFaults = 20;
+
     /// Posts as an error what the active plug-in did wrong while it was at work. The same text is posted once
-    /// until forgetPluginFaults(), since a plug-in that fails at every reading would bury everything else.
+    /// until forgetPluginFaults(), since a plug-in that fails at every reading would bury everything else; then it is
+    /// counted.
     void postPluginFault(const QString& text);
 
     /// Another plug-in begins: its faults are posted anew.
@@ -41,9 +45,11 @@ public:
 
 signals:
     void posted(Brimvale::Terminal::NoticeSeverity severity, const QString& text);
+    /// The active plug-in did this wrong for the @p count th time; after posted() when it is the first.
+    void pluginFault(const QString& text, int count);
 
 private:
-    QSet<QString> m_pluginFaults;
+    QHash<QString, int> m_pluginFaults; ///< How often each came.
 };
 
 } // namespace Terminal

@@ -2,6 +2,8 @@
 #ifndef BRIMVALE_PLUGINGUARD_H
 #define BRIMVALE_PLUGINGUARD_H
 
+#include "host/RunningCode.h"
+
 #include <QString>
 
 #include <optional>
@@ -27,6 +29,14 @@ std::optional<QString> exceptionOf(Code&& code)
     } catch (...) {
         return currentExceptionText();
     }
+}
+
+/// The same; @p operation names what is called, for whoever must tell that it does not come back.
+template <typename Code>
+std::optional<QString> exceptionOf(const char* operation, Code&& code)
+{
+    const RunningCode running(operation);
+    return exceptionOf(std::forward<Code>(code));
 }
 
 } // namespace Terminal

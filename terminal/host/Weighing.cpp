@@ -84,7 +84,8 @@ Weighing::Snapshot Weighing::snapshot() const
 void Weighing::announceValue()
 {
     m_announced = snapshot();
-    if (const auto exception = exceptionOf([this] { emit NotifyNewMeasurementValue(); })) {
+    if (const auto exception =
+            exceptionOf("a slot of a new weight", [this] { emit NotifyNewMeasurementValue(); })) {
         m_notices.postPluginFault(
             tr("The application failed while it took in a new weight: %1").arg(*exception));
     }
@@ -93,7 +94,8 @@ void Weighing::announceValue()
 
 void Weighing::onLoadChanged(int stableCounter, double netDigits)
 {
-    if (const auto exception = exceptionOf([&] { emit NotifyLoadChanged(stableCounter, netDigits); })) {
+    if (const auto exception = exceptionOf("a slot of a stable weight",
+                                           [&] { emit NotifyLoadChanged(stableCounter, netDigits); })) {
         m_notices.postPluginFault(
             tr("The application failed while it took in a stable weight: %1").arg(*exception));
     }

@@ -220,7 +220,7 @@ bool Attempt::loadLibrary(QPluginLoader& loader)
     bool loaded = false;
     {
         const PlainLocale locale;
-        exception = exceptionOf([&] { loaded = loader.load(); });
+        exception = exceptionOf("the initialisation of static objects", [&] { loaded = loader.load(); });
     }
     if (exception) {
         return fail(LoadStage::Library,
@@ -280,7 +280,7 @@ bool Attempt::loadLibrary(QPluginLoader& loader)
 bool Attempt::makeInstance(QPluginLoader& loader)
 {
     QObject* object = nullptr;
-    if (const auto exception = exceptionOf([&] { object = loader.instance(); })) {
+    if (const auto exception = exceptionOf("its constructor", [&] { object = loader.instance(); })) {
         return fail(
             LoadStage::Instance, PluginLoader::tr("the constructor of the plug-in threw %1").arg(*exception),
             PluginLoader::tr(

@@ -46,6 +46,9 @@ PluginManager::~PluginManager()
     while (!m_plugins.empty()) {
         const std::unique_ptr<Plugin> plugin = std::move(m_plugins.back());
         m_plugins.pop_back();
+        if (plugin->object != nullptr) {
+            disconnect(plugin->object, &QObject::destroyed, this, &PluginManager::onObjectDestroyed);
+        }
         plugin->translator.reset(); // removes itself from the application
         delete plugin->object;
     }
@@ -55,7 +58,7 @@ QList<IPlugin*> PluginManager::GetPlugins()
 {
     QList<IPlugin*> plugins;
     for (const auto& plugin : m_plugins) {
-        if (plugin->state != PluginState::Failed) {
+        if (isUsable(*plugin)) {
             plugins.append(plugin->plugin);
         }
     }
@@ -75,8 +78,19 @@ LoadResult PluginManager::load(const QString& file)
             return result;
         }
     }
+    if (!canonicalFile.isEmpty() && canonicalFile == m_suspect) {
+        LoadResult result;
+        result.stage = LoadStage::File;
+        result.file = file;
+        result.message = loadFailureMessage(
+            file, result.stage, tr("the terminal ended unexpectedly when it was loaded the last time"),
+            tr("Mend it, or start the terminal again to try once more."));
+        return result;
+    }
+    emit aboutToLoad(canonicalFile);
     LoadResult result = loadPluginFile(file);
     if (result.object == nullptr) {
+        emit loaded();
         return result;
     }
     auto plugin = std::make_unique<Plugin>();
@@ -89,6 +103,13 @@ LoadResult PluginManager::load(const QString& file)
     if (result.ok) {
         emit entered(QFileInfo(canonicalFile).path());
         initialise(*plugin, result);
+    }
+    emit loaded();
+    if (result.ok && plugin->object == nullptr) {
+        result.ok = false;
+        result.stage = LoadStage::Initialise;
+        result.message = loadFailureMessage(file, result.stage, tr("it has deleted its own object"),
+                                            tr("Leave that to the terminal, which deletes it at its end."));
     }
     const bool isInitialised = result.ok;
     if (!result.ok) {
@@ -114,11 +135,14 @@ void PluginManager::initialise(Plugin& plugin, LoadResult& result)
         result.message = loadFailureMessage(result.file, result.stage, cause, mend);
     };
     bool accepted = false;
-    auto exception = exceptionOf([&] {
+    auto exception = exceptionOf("InitPlugin()", [&] {
         accepted =
             plugin.plugin->InitPlugin(&m_environment.system, &m_environment.view, &m_environment.menuList,
                                       &m_environment.weighingParameters, &m_environment.infobox);
     });
+    if (plugin.object == nullptr) {
+        return;
+    }
     if (exception) {
         fail(tr("InitPlugin() threw %1").arg(*exception),
              tr("Catch the exception in the plug-in and return false from PreInitPlugin() or "
@@ -204,6 +228,25 @@ int PluginManager::indexOf(const QString& identifier) const
     return found;
 }
 
+int PluginManager::ownerOf(const QString& library) const
+{
+    for (int i = 0; i < count(); ++i) {
+        if (!library.isEmpty() && at(i).canonicalFile == library) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+int PluginManager::ownerOf(const QObject* object) const
+{
+    int owner = -1;
+    for (; object != nullptr && owner < 0; object = object->parent()) {
+        owner = ownerOf(libraryOf(codeOf(object)));
+    }
+    return owner;
+}
+
 bool PluginManager::isRunning() const
 {
     return m_active >= 0 && at(m_active).state == PluginState::Running;
@@ -254,7 +297,7 @@ bool PluginManager::waitUntilSettled(int timeoutMs)
 {
     // Event by event and not with exec(), which refuses while the application quits.
     QEventLoop loop;
-    QTimer timer;
+    QTimer timer(this);
     bool expired = false;
     timer.setSingleShot(true);
     connect(&timer, &QTimer::timeout, &timer, [&expired] { expired = true; });
@@ -276,14 +319,16 @@ void PluginManager::setLanguage(const QString& language)
 {
     m_language = language;
     for (const auto& plugin : m_plugins) {
-        if (plugin->state != PluginState::Failed) {
+        if (isUsable(*plugin)) {
             installTranslation(*plugin);
             readTexts(*plugin);
         }
     }
     if (isRunning()) {
         Plugin& plugin = at(m_active);
-        if (const auto exception = exceptionOf([&] { plugin.plugin->TranslateWarnInfo(); })) {
+        if (const auto exception =
+                exceptionOf("TranslateWarnInfo()", [&] { plugin.plugin->TranslateWarnInfo(); });
+            exception && plugin.object != nullptr) {
             report(plugin, QStringLiteral("TranslateWarnInfo"),
                    tr("TranslateWarnInfo() threw %1").arg(*exception), tr("Let no exception out of it."));
             m_wanted = -1;
@@ -312,6 +357,14 @@ void PluginManager::start()
     m_active = m_wanted;
     Plugin& plugin = at(m_active);
     plugin.state = PluginState::Starting;
+    m_closeNotified = false;
+    if (plugin.object == nullptr) { // it went while it was not at work
+        onObjectDestroyed();
+        return;
+    }
+    // A plug-in cuts all connections of its object when it closes.
+    connect(plugin.object, &QObject::destroyed, this, &PluginManager::onObjectDestroyed,
+            Qt::UniqueConnection);
     m_environment.controller.setActivePlugin(plugin.plugin);
     const QString folder = QFileInfo(plugin.canonicalFile).path();
     m_environment.view.setFolder(folder);
@@ -321,7 +374,10 @@ void PluginManager::start()
     emit activePluginChanged();
 
     bool started = false;
-    auto exception = exceptionOf([&] { started = plugin.plugin->StartPlugin(); });
+    auto exception = exceptionOf("StartPlugin()", [&] { started = plugin.plugin->StartPlugin(); });
+    if (plugin.object == nullptr) {
+        return;
+    }
     if (exception) {
         report(plugin, QStringLiteral("StartPlugin"), tr("StartPlugin() threw %1").arg(*exception),
                tr("Catch the exception in the plug-in and return false from PreStartPlugin() or "
@@ -340,8 +396,11 @@ void PluginManager::start()
         return;
     }
 
-    exception = exceptionOf([&] { plugin.plugin->PostStartAddons(); });
+    exception = exceptionOf("PostStartAddons()", [&] { plugin.plugin->PostStartAddons(); });
     m_environment.addons.finish();
+    if (plugin.object == nullptr) {
+        return;
+    }
     plugin.state = PluginState::Running;
     if (exception) {
         report(plugin, QStringLiteral("PostStartAddons"), tr("PostStartAddons() threw %1").arg(*exception),
@@ -370,7 +429,11 @@ void PluginManager::close()
     emit activePluginChanged();
 
     bool closed = false;
-    const auto exception = exceptionOf([&] { closed = plugin.plugin->ClosePlugin(); });
+    const auto exception = exceptionOf("ClosePlugin()", [&] { closed = plugin.plugin->ClosePlugin(); });
+    if (plugin.object == nullptr) {
+        onObjectDestroyed();
+        return;
+    }
     if (exception) {
         report(plugin, QStringLiteral("ClosePlugin"), tr("ClosePlugin() threw %1").arg(*exception),
                tr("Let no exception out of PreClosePlugin()."));
@@ -407,6 +470,10 @@ void PluginManager::onPluginClosed()
 void PluginManager::onCloseTimeout()
 {
     Plugin& plugin = at(m_active);
+    if (plugin.object == nullptr) {
+        onObjectDestroyed();
+        return;
+    }
     if (plugin.fault.isEmpty()) {
         report(plugin, QStringLiteral("ClosePlugin"),
                tr("it has not told within %1 s that it has closed").arg(CloseTimeoutMs / 1000),
@@ -415,6 +482,29 @@ void PluginManager::onCloseTimeout()
                   "loop."));
     }
     end();
+}
+
+/// The object of the active plug-in is gone, by no doing of the manager: nothing of it can be called any more. Who
+/// deleted it may still be running, so that nothing else is started before the event loop runs.
+void PluginManager::onObjectDestroyed()
+{
+    if (m_active < 0 || at(m_active).object != nullptr || at(m_active).plugin == nullptr) {
+        return;
+    }
+    Plugin& plugin = at(m_active);
+    m_closeTimer.stop();
+    plugin.plugin = nullptr;
+    report(plugin, QStringLiteral("destruction"), tr("it has deleted its own object"),
+           tr("Leave that to the terminal, which deletes it at its end."));
+    if (m_wanted == m_active) {
+        m_wanted = -1;
+    }
+    plugin.state = PluginState::Closing;
+    m_environment.controller.setActivePlugin(nullptr);
+    if (!m_closeNotified) { // otherwise it was about to end
+        m_closeNotified = true;
+        QTimer::singleShot(0, this, &PluginManager::end);
+    }
 }
 
 void PluginManager::end()

@@ -77,9 +77,9 @@ struct PluginFault
 {
     QString plugin; ///< Display name.
     QString file;
-    QObject* object = nullptr; ///< Its object, which still exists.
-    QString step;              ///< "InitPlugin", "StartPlugin", "PostStartAddons", "ClosePlugin", …
-    QString message;           ///< Plug-in, step, cause and what to do about it, in one text.
+    QObject* object = nullptr; ///< Its object; null when it has deleted it.
+    QString step;    ///< "InitPlugin", "StartPlugin", "PostStartAddons", "ClosePlugin", "destruction".
+    QString message; ///< Plug-in, step, cause and what to do about it, in one text.
 };
 
 /// Loads plug-ins and drives their lives: InitPlugin() once for each, then at most one active at a time.
@@ -96,7 +96,7 @@ struct PluginFault
 /// offered is taken back, and none of its operations is called any more. The others go on. A plug-in that
 /// does not notify its close within CloseTimeoutMs has failed too; one that has failed in ClosePlugin() is
 /// given FaultyCloseTimeoutMs. All objects live until the manager is destroyed, so that late timers of a
-/// plug-in find theirs.
+/// plug-in find theirs; a plug-in that deletes its own object has failed.
 class PluginManager : public QObject, public IPluginManager
 {
     Q_OBJECT
@@ -137,6 +137,14 @@ public:
 
     /// The index of the plug-in that is starting, running or closing; -1 for none.
     int activeIndex() const { return m_active; }
+    /// The index of the plug-in whose file is @p library, or whose code @p object or one of its parents is; -1 for
+    /// none.
+    int ownerOf(const QString& library) const;
+    int ownerOf(const QObject* object) const;
+
+    /// A file that load() refuses: the terminal ended unexpectedly while it was loaded.
+    void setSuspect(const QString& canonicalFile) { m_suspect = canonicalFile; }
+
     /// Whether the active plug-in is running: neither starting nor closing.
     bool isRunning() const;
     /// The active plug-in, or null.
@@ -176,6 +184,9 @@ signals:
     void pluginsChanged();
     /// Another plug-in is active, or none; or the active one has changed its state.
     void activePluginChanged();
+    /// Code of the plug-in in this file is about to be run for the first time, and has come back.
+    void aboutToLoad(const QString& canonicalFile);
+    void loaded();
     /// The plug-in of this folder is about to be initialised or started: relative paths that it names are meant from
     /// there.
     void entered(const QString& folder);
@@ -211,6 +222,11 @@ private:
         std::unique_ptr<QTranslator> translator;
     };
 
+    /// Whether its operations can be called.
+    static bool isUsable(const Plugin& plugin)
+    {
+        return plugin.state != PluginState::Failed && plugin.object != nullptr && plugin.plugin != nullptr;
+    }
     Plugin& at(int index) const { return *m_plugins[static_cast<std::size_t>(index)]; }
     void initialise(Plugin& plugin, LoadResult& result);
     void proceed();
@@ -220,6 +236,7 @@ private:
     void onPluginClosing();
     void onPluginClosed();
     void onCloseTimeout();
+    void onObjectDestroyed();
     void report(Plugin& plugin, const QString& step, const QString& cause, const QString& mend);
     void installTranslation(Plugin& plugin);
     void readTexts(Plugin& plugin);
@@ -227,6 +244,7 @@ private:
     const PluginEnvironment m_environment;
     std::vector<std::unique_ptr<Plugin>> m_plugins;
     QString m_language;
+    QString m_suspect;
     int m_active = -1;          ///< The plug-in that is starting, running or closing.
     int m_wanted = -1;          ///< The plug-in that is to be active when everything has settled.
     bool m_closeFaulty = false; ///< A plug-in had a fault while it closed.

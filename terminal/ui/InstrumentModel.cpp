@@ -354,7 +354,31 @@ void InstrumentModel::showNotice(Severity severity, const QString& text, const Q
     m_noticeSeverity = severity;
     m_noticeText = text;
     m_noticeTitle = title;
+    m_noticeCount = 0;
+    m_noticeOffersClose = false;
     emit noticeChanged();
+}
+
+void InstrumentModel::setNoticeCount(int count)
+{
+    if (noticeVisible() && m_noticeCount != count) {
+        m_noticeCount = count;
+        emit noticeChanged();
+    }
+}
+
+void InstrumentModel::setNoticeOffersClose(bool offers)
+{
+    if (noticeVisible() && m_noticeOffersClose != offers) {
+        m_noticeOffersClose = offers;
+        emit noticeChanged();
+    }
+}
+
+void InstrumentModel::closeFromNotice()
+{
+    clearNotice();
+    emit closeRequested();
 }
 
 void InstrumentModel::clearNotice()
@@ -364,6 +388,8 @@ void InstrumentModel::clearNotice()
     }
     m_noticeText.clear();
     m_noticeTitle.clear();
+    m_noticeCount = 0;
+    m_noticeOffersClose = false;
     emit noticeChanged();
 }
 

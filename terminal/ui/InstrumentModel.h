@@ -100,6 +100,10 @@ class InstrumentModel : public QObject
     Q_PROPERTY(QString noticeText READ noticeText NOTIFY noticeChanged)
     /// Optional title of the notice; empty shows the text alone.
     Q_PROPERTY(QString noticeTitle READ noticeTitle NOTIFY noticeChanged)
+    /// How often it has come, when that is more than once; otherwise 0.
+    Q_PROPERTY(int noticeCount READ noticeCount NOTIFY noticeChanged)
+    /// The notice is about the application that runs, and the person may close it.
+    Q_PROPERTY(bool noticeOffersClose READ noticeOffersClose NOTIFY noticeChanged)
     /// How grave the notice is.
     Q_PROPERTY(
         Brimvale::Terminal::InstrumentModel::Severity noticeSeverity READ noticeSeverity NOTIFY noticeChanged)
@@ -149,6 +153,8 @@ public:
     QString noticeText() const;
     QString noticeTitle() const;
     Severity noticeSeverity() const;
+    int noticeCount() const { return m_noticeCount; }
+    bool noticeOffersClose() const { return m_noticeOffersClose; }
 
     /// Shows the display model of a plug-in; null returns to the terminal's own. The object stays the caller's; when
     /// it is destroyed the terminal's own is shown from that moment.
@@ -182,6 +188,12 @@ public:
     void showNotice(Severity severity, const QString& text, const QString& title = QString());
 
 public slots:
+    /// Adds to the notice that is shown how often it has come, and whether the application can be closed.
+    void setNoticeCount(int count);
+    void setNoticeOffersClose(bool offers);
+    /// The person wants the application closed that the notice is about.
+    Q_INVOKABLE void closeFromNotice();
+
     /// Takes the notice away; nothing happens when there is none.
     void clearNotice();
 
@@ -204,6 +216,8 @@ signals:
     void levelOkChanged();
     void languageChanged();
     void noticeChanged();
+    /// The application that the notice is about is to be closed.
+    void closeRequested();
 
     // What the person does. Presses of action buttons are signalled by actions() and hostActions().
     /// The print button was pressed.
@@ -258,6 +272,8 @@ private:
     QString m_noticeText;
     QString m_noticeTitle;
     Severity m_noticeSeverity = Severity::Info;
+    int m_noticeCount = 0;
+    bool m_noticeOffersClose = false;
 };
 
 } // namespace Terminal

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "PrintItemCurrentMeasurement.h"
 #include "SessionFixture.h"
+#include "app/PluginFaults.h"
 #include "sics/SicsServer.h"
 
 #include <QDir>
@@ -471,7 +472,8 @@ void TestSession::exceptionOfAnEvent()
 {
     m_fixture->usePlugin("fixture");
     m_fixture->start();
-    session().reportException(QStringLiteral("Poller"), QStringLiteral("std::runtime_error: no answer"));
+    session().pluginFaults().reportException(QStringLiteral("Poller"),
+                                             QStringLiteral("std::runtime_error: no answer"), nullptr);
     QCOMPARE(session().errors().size(), 1);
     QVERIFY2(session().errors().first().contains(QLatin1String("std::runtime_error: no answer")),
              qPrintable(session().errors().first()));

@@ -82,6 +82,7 @@ private slots:
     void languageKey();
     void applicationIsChosen();
     void noticeIsDismissed();
+    void noticeOffersToClose();
     void informationGoesByItself();
     void weightIsPutOnAndTakenOff();
     void loadIsCleared();
@@ -785,6 +786,32 @@ void tst_TerminalWindow::noticeIsDismissed()
     QVERIFY(m_terminal->tap(QStringLiteral("dismissNotice")));
     QVERIFY(!m_terminal->instrument.noticeVisible());
     QVERIFY(!m_terminal->shown(QStringLiteral("notice")));
+}
+
+void tst_TerminalWindow::noticeOffersToClose()
+{
+    InstrumentModel& instrument = m_terminal->instrument;
+    QSignalSpy closed(&instrument, &InstrumentModel::closeRequested);
+    const auto tell = [&instrument] {
+        instrument.showNotice(InstrumentModel::Severity::Error, QStringLiteral("It failed"),
+                              QStringLiteral("Receiving goods"));
+        instrument.setNoticeOffersClose(true);
+    };
+    tell();
+    QVERIFY(!m_terminal->shown(QStringLiteral("dismissNotice")));
+    QVERIFY(m_terminal->tap(QStringLiteral("keepRunning")));
+    QVERIFY(!instrument.noticeVisible());
+    QCOMPARE(closed.count(), 0);
+    tell();
+    instrument.setNoticeCount(3);
+    QCOMPARE(m_terminal->textOf(QStringLiteral("noticeTitle")), QStringLiteral("Receiving goods (3 times)"));
+    QVERIFY(m_terminal->tap(QStringLiteral("closeApplication")));
+    QVERIFY(!instrument.noticeVisible());
+    QCOMPARE(closed.count(), 1);
+    // The next notice is about something else.
+    instrument.showNotice(InstrumentModel::Severity::Warning, QStringLiteral("Tare refused"));
+    QVERIFY(!m_terminal->shown(QStringLiteral("closeApplication")));
+    QVERIFY(m_terminal->shown(QStringLiteral("dismissNotice")));
 }
 
 void tst_TerminalWindow::informationGoesByItself()

@@ -232,6 +232,31 @@ void tst_UiPictures::state_data()
             terminal.instrument.showNotice(InstrumentModel::Severity::Warning,
                                            QStringLiteral("Tare refused: the weight is not stable"));
         });
+    row("application-at-fault", names({"noticeTitle", "noticeText", "closeApplication", "keepRunning"}),
+        [](TerminalFixture& terminal) {
+            figures(terminal);
+            terminal.startApplication();
+            terminal.instrument.showNotice(
+                InstrumentModel::Severity::Error,
+                QStringLiteral(
+                    "The application failed while it took in a new weight: std::runtime_error: the "
+                    "table has no column \"net\""),
+                QStringLiteral("Receiving goods"));
+            terminal.instrument.setNoticeCount(37);
+            terminal.instrument.setNoticeOffersClose(true);
+        });
+    row("german-application-at-fault", names({"noticeText", "closeApplication", "keepRunning"}),
+        [](TerminalFixture& terminal) {
+            terminal.instrument.setLanguage(QStringLiteral("de"));
+            terminal.window.retranslate();
+            terminal.startApplication();
+            terminal.instrument.showNotice(
+                InstrumentModel::Severity::Warning,
+                QStringLiteral("Die Anwendung \"Wareneingang\" hat das Terminal 5.2 s lang blockiert "
+                               "(ReceivingModel)."),
+                QStringLiteral("Wareneingang"));
+            terminal.instrument.setNoticeOffersClose(true);
+        });
     row("coarse-calculated", names({"coarseMark", "calculatedMark", "value"}), [](TerminalFixture& terminal) {
         figures(terminal);
         terminal.display.setIsGrobRange(true);

@@ -12,7 +12,7 @@ Rectangle {
     readonly property color foreground: severity === InstrumentModel.Warning ? Theme.ink : "white"
 
     visible: instrument.noticeVisible
-    height: Math.max(72, texts.height + 24)
+    height: Math.max(72, texts.height + 24, keys.visible ? keys.height + 24 : 0)
     radius: Theme.radius
     color: severity === InstrumentModel.Error ? Theme.error
          : severity === InstrumentModel.Warning ? Theme.attention : Theme.accent
@@ -49,7 +49,8 @@ Rectangle {
         id: texts
         anchors.left: mark.right
         anchors.leftMargin: 16
-        anchors.right: dismiss.left
+        anchors.right: keys.visible ? keys.left : dismiss.left
+        anchors.rightMargin: keys.visible ? 16 : 0
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2
 
@@ -57,7 +58,9 @@ Rectangle {
             objectName: "noticeTitle"
             visible: text.length > 0
             width: parent.width
-            text: instrument.noticeTitle
+            text: instrument.noticeCount > 1
+                  ? qsTr("%1 (%2 times)").arg(instrument.noticeTitle).arg(instrument.noticeCount)
+                  : instrument.noticeTitle
             textFormat: Text.PlainText
             elide: Text.ElideRight
             font.pixelSize: Theme.bodySize
@@ -76,8 +79,33 @@ Rectangle {
             color: notice.foreground
         }
     }
+    // An application that is at fault: the person decides.
+    Column {
+        id: keys
+        visible: instrument.noticeOffersClose
+        anchors.right: parent.right
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 8
+
+        DialogKey {
+            objectName: "closeApplication"
+            width: 200
+            textSize: Theme.bodySize
+            text: qsTr("Close it")
+            onClicked: instrument.closeFromNotice()
+        }
+        DialogKey {
+            objectName: "keepRunning"
+            width: 200
+            textSize: Theme.bodySize
+            text: qsTr("Keep running")
+            onClicked: instrument.clearNotice()
+        }
+    }
     Item {
         id: dismiss
+        visible: !keys.visible
         anchors.right: parent.right
         width: 72
         height: parent.height

@@ -568,6 +568,13 @@
     </message>
 </context>
 <context>
+    <name>Brimvale::Terminal::Notices</name>
+    <message>
+        <source>The application fails again and again; further faults are only counted.</source>
+        <translation>Die Anwendung schlägt immer wieder fehl; weitere Fehler werden nur noch gezählt.</translation>
+    </message>
+</context>
+<context>
     <name>Brimvale::Terminal::PdfPrinter</name>
     <message>
         <source>PDF file %1</source>
@@ -584,6 +591,25 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>Brimvale::Terminal::PluginFaults</name>
+    <message>
+        <source>The terminal ended unexpectedly while the application &quot;%1&quot; was at work. It was not started again; to start it, choose it from the list of applications.</source>
+        <translation>Das Terminal wurde unerwartet beendet, während die Anwendung &quot;%1&quot; lief. Sie wurde nicht wieder gestartet; zum Starten wählen Sie sie in der Liste der Anwendungen.</translation>
+    </message>
+    <message>
+        <source>The application &quot;%1&quot;, which is closed, failed: %2</source>
+        <translation>Die geschlossene Anwendung &quot;%1&quot; ist fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>The application &quot;%1&quot; blocked the terminal for %2 s (%3).</source>
+        <translation>Die Anwendung &quot;%1&quot; hat das Terminal %2 s lang blockiert (%3).</translation>
+    </message>
+    <message>
+        <source>The application &quot;%1&quot; is closed, but of it still works: %2.</source>
+        <translation>Die Anwendung &quot;%1&quot; ist geschlossen, aber von ihr arbeitet noch: %2.</translation>
     </message>
 </context>
 <context>
@@ -934,6 +960,22 @@
     <message>
         <source>The plug-in &quot;%1&quot; (%2) was taken out: %3. %4</source>
         <translation>Das Plug-in &quot;%1&quot; (%2) wurde herausgenommen: %3. %4</translation>
+    </message>
+    <message>
+        <source>the terminal ended unexpectedly when it was loaded the last time</source>
+        <translation>das Terminal wurde unerwartet beendet, als es zuletzt geladen wurde</translation>
+    </message>
+    <message>
+        <source>Mend it, or start the terminal again to try once more.</source>
+        <translation>Beheben Sie den Fehler, oder starten Sie das Terminal für einen weiteren Versuch neu.</translation>
+    </message>
+    <message>
+        <source>it has deleted its own object</source>
+        <translation>es hat sein eigenes Objekt gelöscht</translation>
+    </message>
+    <message>
+        <source>Leave that to the terminal, which deletes it at its end.</source>
+        <translation>Überlassen Sie das dem Terminal, das es an seinem Ende löscht.</translation>
     </message>
 </context>
 <context>
@@ -1766,6 +1808,21 @@
     <message>
         <source>COARSE</source>
         <translation>GROB</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBar</name>
+    <message>
+        <source>%1 (%2 times)</source>
+        <translation>%1 (%2-mal)</translation>
+    </message>
+    <message>
+        <source>Close it</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Keep running</source>
+        <translation>Weiterlaufen lassen</translation>
     </message>
 </context>
 <context>

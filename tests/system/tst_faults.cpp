@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: BSD-3-Clause
+//
+// The terminal as a process, and a plug-in that does everything wrong: the process goes on, or leaves a word.
+#include "TerminalProcess.h"
+
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <sys/stat.h>
+
+class TestFaults : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void exceptionsInAScript();
+    void expectedExceptionIsNoFailure();
+    void blockedTerminal();
+    void crashIsNoted_data();
+    void crashIsNoted();
+    void crashAtTheStartOfAnApplication();
+    void mendedPluginIsStartedAgain();
+    void namedPluginIsStartedAgain();
+
+private:
+    QString script(const QString& text)
+    {
+        const QString name = m_folder->filePath(QStringLiteral("faults.script"));
+        QFile file(name);
+        if (file.open(QIODevice::WriteOnly))
+            file.write(text.toUtf8());
+        return name;
+    }
+    bool play(TerminalProcess& terminal, const QString& text)
+    {
+        return terminal.run({QStringLiteral("--headless"), QStringLiteral("--plugin"),
+                             TerminalProcess::fixture(QStringLiteral("misbehaving")),
+                             QStringLiteral("--script"), script(text)});
+    }
+    /// A terminal in a window that nobody sees, which keeps its settings in the folder of the test.
+    void openWindow(TerminalProcess& terminal, const QString& plugin, bool aborts)
+    {
+        terminal.setVariable("QT_QPA_PLATFORM", "offscreen");
+        terminal.setVariable("XDG_CONFIG_HOME", qPrintable(m_folder->path()));
+        if (aborts)
+            terminal.setVariable("MISBEHAVING_ABORTS_AT_START", "1");
+        terminal.setArguments(
+            {QStringLiteral("--plugin"), plugin, QStringLiteral("--log-level"), QStringLiteral("info")});
+        terminal.start();
+    }
+    void crash(const QString& plugin)
+    {
+        TerminalProcess terminal;
+        openWindow(terminal, plugin, true);
+        QVERIFY(terminal.waitForFinished(TerminalProcess::TimeoutMs));
+        QCOMPARE(terminal.exitStatus(), QProcess::CrashExit);
+    }
+    void end(TerminalProcess& terminal)
+    {
+        QCOMPARE(::kill(static_cast<pid_t>(terminal.processId()), SIGTERM), 0);
+        QVERIFY(terminal.finish());
+        COMPARE_EXIT_CODE(terminal, 0);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TestFaults::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+}
+
+void TestFaults::exceptionsInAScript()
+{
+    TerminalProcess terminal;
+    QVERIFY(play(terminal, QStringLiteral("press ThrowInTimer\nwait 1 s\npress ThrowInQml\nwait 1 s\n"
+                                          "put on 20 g\nwait stable\nexpect display 20.0 g\n")));
+    COMPARE_EXIT_CODE(terminal, 1);
+    QVERIFY2(terminal.outputText().contains(QLatin1String("1 expectation: all met")),
+             terminal.everything().constData());
+    QVERIFY2(terminal.errorText().contains(QLatin1String(
+                 "The application \"Misbehaving\" failed: std::runtime_error: failed on request")),
+             terminal.everything().constData());
+}
+
+void TestFaults::expectedExceptionIsNoFailure()
+{
+    TerminalProcess terminal;
+    QVERIFY(
+        play(terminal, QStringLiteral("press ThrowProject\nexpect notice the project failed on request\n")));
+    COMPARE_EXIT_CODE(terminal, 0);
+}
+
+void TestFaults::blockedTerminal()
+{
+    TerminalProcess terminal;
+    QVERIFY(play(terminal,
+                 QStringLiteral("press Block\nwait 1 s\n"
+                                "expect notice The application \"Misbehaving\" blocked the terminal for 5.\n"
+                                "put on 20 g\nwait stable\nexpect display 20.0 g\n")));
+    COMPARE_EXIT_CODE(terminal, 0);
+    QVERIFY2(terminal.errorText().contains(QLatin1String("the event loop has been held up for 5.")),
+             terminal.everything().constData());
+}
+
+void TestFaults::crashIsNoted_data()
+{
+    QTest::addColumn<QString>("misdeed");
+    QTest::addColumn<int>("number");
+    QTest::newRow("abort()") << QStringLiteral("Abort") << SIGABRT;
+    QTest::newRow("qFatal()") << QStringLiteral("Fatal") << SIGABRT;
+}
+
+void TestFaults::crashIsNoted()
+{
+    QFETCH(QString, misdeed);
+    QFETCH(int, number);
+    TerminalProcess terminal;
+    QVERIFY(!play(terminal, QStringLiteral("press %1\nwait 1 s\n").arg(misdeed)));
+    QCOMPARE(terminal.exitStatus(), QProcess::CrashExit);
+    QCOMPARE(terminal.exitCode(), number);
+    QVERIFY2(terminal.errorText().contains(QLatin1String("a plug-in has crashed the terminal: active "))
+                 && terminal.errorText().contains(QLatin1String("misbehaving.so")),
+             terminal.everything().constData());
+}
+
+void TestFaults::crashAtTheStartOfAnApplication()
+{
+    const QString plugin = TerminalProcess::fixture(QStringLiteral("misbehaving"));
+    crash(plugin);
+    {
+        TerminalProcess terminal;
+        openWindow(terminal, plugin, false);
+        QVERIFY2(
+            terminal.waitForError(QStringLiteral("ended unexpectedly while the application "
+                                                 "\"Misbehaving\" was at work. It was not started again")),
+            terminal.everything().constData());
+        QVERIFY2(terminal.waitForError(QStringLiteral("readings arrive")), terminal.everything().constData());
+        end(terminal);
+        QVERIFY2(!terminal.errorText().contains(QLatin1String("Start application")),
+                 terminal.everything().constData());
+    }
+    // Told once.
+    TerminalProcess terminal;
+    openWindow(terminal, plugin, false);
+    QVERIFY2(terminal.waitForError(QStringLiteral("Start application,Misbehaving")),
+             terminal.everything().constData());
+    QVERIFY(!terminal.errorText().contains(QLatin1String("unexpectedly")));
+    end(terminal);
+}
+
+void TestFaults::mendedPluginIsStartedAgain()
+{
+    const QString plugin = m_folder->filePath(QStringLiteral("mended.so"));
+    QVERIFY(QFile::copy(TerminalProcess::fixture(QStringLiteral("misbehaving")), plugin));
+    crash(plugin);
+    QFile file(plugin);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+    file.close();
+    TerminalProcess terminal;
+    openWindow(terminal, plugin, false);
+    QVERIFY2(terminal.waitForError(QStringLiteral("Start application,Misbehaving")),
+             terminal.everything().constData());
+    end(terminal);
+}
+
+void TestFaults::namedPluginIsStartedAgain()
+{
+    const QString plugin = TerminalProcess::fixture(QStringLiteral("misbehaving"));
+    crash(plugin);
+    TerminalProcess terminal;
+    terminal.setVariable("QT_QPA_PLATFORM", "offscreen");
+    terminal.setVariable("XDG_CONFIG_HOME", qPrintable(m_folder->path()));
+    terminal.setArguments(
+        {QStringLiteral("--plugin"), plugin, QStringLiteral("--start"), QStringLiteral("misbehaving")});
+    terminal.start();
+    QVERIFY2(terminal.waitForError(QStringLiteral("Start application,Misbehaving")),
+             terminal.everything().constData());
+    end(terminal);
+}
+
+QTEST_GUILESS_MAIN(TestFaults)
+
+#include "tst_faults.moc"
