@@ -59,7 +59,7 @@ public:
     QList<MenuItem> read()
     {
         Json::Value root;
-        if (!isTooLarge() && isUtf8() && !isNestedTooDeeply() && parse(&root)) {
+        if (!isTooLarge() && isUtf8() && !isBeyondReader() && parse(&root)) {
             readRoot(root);
             checkParents();
         }
@@ -72,8 +72,8 @@ public:
                          [](const Fault& left, const Fault& right) { return left.line < right.line; });
         QStringList texts;
         for (const Fault& fault : qAsConst(m_faults)) {
-            texts.append(
-                QStringLiteral("%1:%2: %3; %4").arg(m_name).arg(fault.line).arg(fault.what, fault.mend));
+            texts.append(QStringLiteral("%1:%2: %3; %4")
+                             .arg(m_name, QString::number(fault.line), fault.what, fault.mend));
         }
         return texts;
     }
@@ -125,7 +125,8 @@ private:
         return m_faults.isEmpty();
     }
 
-    bool isNestedTooDeeply()
+    /// What the JSON reader does not refuse by itself: depth, and comments between entries.
+    bool isBeyondReader()
     {
         int line = 1;
         int depth = 0;
@@ -147,6 +148,10 @@ private:
                              "items stand side by side in \"items\" and name their menu by \"parent\""));
                     return true;
                 }
+            } else if (c == '/') {
+                fail(line, QStringLiteral("this is no JSON: there are no comments in it"),
+                     QStringLiteral("take what begins with / out, or write it as a text in double quotes"));
+                return true;
             } else if (c == '}' || c == ']') {
                 --depth;
             }
@@ -482,8 +487,7 @@ std::optional<MenuFile> MenuFile::load(const QString& path, QStringList* faults)
     if (content.size() > MaximumSize) {
         faults->append(
             QStringLiteral("%1:1: the file has more than %2 bytes; divide the menu or shorten its texts")
-                .arg(path)
-                .arg(MaximumSize));
+                .arg(path, QString::number(MaximumSize)));
         return std::nullopt;
     }
     return parse(content, path, faults);

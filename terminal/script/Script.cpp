@@ -432,7 +432,7 @@ std::optional<Statement> readLine(const QString& line, QString* fault)
 
 QString message(const QString& name, int line, const QString& source, const QString& fault)
 {
-    return QStringLiteral("%1:%2: \"%3\": %4").arg(name).arg(line).arg(source, fault);
+    return QStringLiteral("%1:%2: \"%3\": %4").arg(name, QString::number(line), source, fault);
 }
 
 } // namespace

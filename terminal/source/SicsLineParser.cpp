@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -89,6 +90,11 @@ SicsLine overlong()
                           .arg(SicsLineParser::MaximumLineLength));
 }
 
+bool isBlank(const QByteArray& line)
+{
+    return std::all_of(line.cbegin(), line.cend(), [](char byte) { return byte == ' '; });
+}
+
 QList<QByteArray> fieldsOf(const QByteArray& line)
 {
     QList<QByteArray> fields = line.split(' ');
@@ -137,7 +143,7 @@ QVector<SicsLine> SicsLineParser::feed(const QByteArray& bytes)
             break;
         if (m_begun.endsWith('\r'))
             m_begun.chop(1);
-        if (!m_overlong && !m_begun.isEmpty())
+        if (!m_overlong && !isBlank(m_begun))
             append(m_begun);
         reset();
         start = newline + 1;
@@ -152,12 +158,8 @@ QVector<SicsLine> SicsLineParser::feed(const QByteArray& bytes)
     }
     QVector<SicsLine> result;
     result.reserve(lines.size());
-    for (const QByteArray& line : qAsConst(lines)) {
-        if (line.isNull())
-            result.append(overlong());
-        else if (!fieldsOf(line).isEmpty())
-            result.append(parseLine(line));
-    }
+    for (const QByteArray& line : qAsConst(lines))
+        result.append(line.isNull() ? overlong() : parseLine(line));
     return result;
 }
 

@@ -22,6 +22,7 @@ private slots:
     void allFaultsInTheOrderOfTheLines();
     void limits_data();
     void limits();
+    void fileNameThatHoldsAPercentSign();
     void fileThatIsNotThere();
     void fileThatIsTooLarge();
     void folder();
@@ -140,6 +141,9 @@ void tst_MenuFile::faults_data()
     QTest::newRow("open text") << file("{\"id\": 1, \"kind\": \"bool") << "m.json:2: this is no JSON";
     QTest::newRow("comment") << file("// none\n{\"id\": 1, \"kind\": \"bool\", \"text\": \"A\"}")
                              << "m.json:2: this is no JSON";
+    QTest::newRow("comment between entries")
+        << file("{\"id\": 1,\n\"kind\": \"bool\", /* none */ \"text\": \"A\"}")
+        << "m.json:3: this is no JSON: there are no comments in it";
     QTest::newRow("something behind the end") << file("") + "more"
                                               << "m.json:4: this is no JSON";
     QTest::newRow("key twice") << file("{\"id\": 1, \"kind\": \"bool\",\n\"text\": \"A\", \"text\": \"B\"}")
@@ -324,6 +328,13 @@ void tst_MenuFile::limits()
     QFETCH(QByteArray, content);
     QFETCH(QString, fault);
     QCOMPARE(faultsOf(content).join(QLatin1Char('\n')), fault);
+}
+
+void tst_MenuFile::fileNameThatHoldsAPercentSign()
+{
+    QStringList faults;
+    QVERIFY(!MenuFile::parse("[]", QStringLiteral("100%2.json"), &faults));
+    QVERIFY2(faults.value(0).startsWith(QLatin1String("100%2.json:1: ")), qPrintable(faults.value(0)));
 }
 
 void tst_MenuFile::fileThatIsNotThere()

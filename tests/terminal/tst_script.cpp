@@ -41,6 +41,7 @@ private slots:
     void error_data();
     void error();
     void allErrorsAreListed();
+    void fileNameThatHoldsAPercentSign();
     void emptyScript();
     void fileThatIsNotThere();
     void faultsWithSource_data();
@@ -480,6 +481,14 @@ void TestScript::allErrorsAreListed()
     QVERIFY(errors.at(0).startsWith(QLatin1String("a.script:1: ")));
     QVERIFY(errors.at(1).startsWith(QLatin1String("a.script:3: ")));
     QVERIFY(errors.at(2).startsWith(QLatin1String("a.script:5: ")));
+}
+
+void TestScript::fileNameThatHoldsAPercentSign()
+{
+    QStringList errors;
+    QVERIFY(!Script::parse("jump", QStringLiteral("100%3.script"), &errors));
+    QVERIFY2(errors.value(0).startsWith(QLatin1String("100%3.script:1: \"jump\": ")),
+             qPrintable(errors.value(0)));
 }
 
 void TestScript::emptyScript()

@@ -80,6 +80,7 @@ private slots:
     void resetForgetsABegunLine();
     void resetForgetsAnOverlongLine();
     void floodKeepsTheNewest();
+    void blankLinesPushNothingOut();
     void noLineIsLostUpToTheLimit();
 };
 
@@ -424,6 +425,15 @@ void tst_SicsLine::floodKeepsTheNewest()
     // The next turn starts afresh.
     QCOMPARE(parser.feed("S D 5 g\r\nS D 6 g\r\n").size(), 2);
     QCOMPARE(parser.droppedLines(), Q_UINT64_C(1224));
+}
+
+void tst_SicsLine::blankLinesPushNothingOut()
+{
+    SicsLineParser parser(1);
+    const QVector<SicsLine> lines = parser.feed("S D 5 g\r\n   \r\n\r\n");
+    QCOMPARE(lines.size(), 1);
+    QCOMPARE(lines.first().grams, 5.0);
+    QCOMPARE(parser.droppedLines(), Q_UINT64_C(0));
 }
 
 void tst_SicsLine::noLineIsLostUpToTheLimit()
