@@ -11,8 +11,12 @@ JOBS ?= $(shell nproc)
 TEST_ARGS ?=
 BENCH_ARGS ?=
 RUN_ARGS ?=
+# What the fuzzers do: seconds for each, names (empty: all), how many at the same time.
+FUZZ_SECONDS ?= 600
+FUZZ_TARGETS ?=
+FUZZ_JOBS ?= 1
 
-.PHONY: help run test test-arm bench docs install clean
+.PHONY: help run test test-arm bench fuzz docs install clean
 .DEFAULT_GOAL := help
 
 help:
@@ -21,12 +25,14 @@ help:
 	@echo 'make test     build everything and run all tests'
 	@echo 'make test-arm run the tests of the library and the test kit on 32-bit ARM, in an emulator'
 	@echo 'make bench    build and run the benchmarks; a table compares them with limits, peers and goals'
+	@echo 'make fuzz     build and run the fuzzers; a table tells what they did and what they found'
 	@echo 'make docs     write the reference and the guides as HTML'
 	@echo 'make install  install library, terminal and SDK (PREFIX=$(PREFIX), DESTDIR=$(DESTDIR))'
 	@echo 'make clean    remove build/'
 	@echo
 	@echo 'Missing Debian packages are installed on the way (tools/setup --help).'
-	@echo 'Variables: JOBS=$(JOBS), TEST_ARGS for ctest, BENCH_ARGS for the benchmarks, RUN_ARGS for the terminal.'
+	@echo 'Variables: JOBS=$(JOBS), TEST_ARGS for ctest, BENCH_ARGS for the benchmarks, RUN_ARGS for the terminal,'
+	@echo 'FUZZ_SECONDS=$(FUZZ_SECONDS), FUZZ_TARGETS and FUZZ_JOBS=$(FUZZ_JOBS) for the fuzzers.'
 
 run:
 	$(SETUP) --group run
@@ -64,6 +70,12 @@ bench:
 	done
 	@tools/bench-table --goals benchmarks/goals.json --json build/bench/table.json build/bench/results/*.json
 	@echo 'As JSON: build/bench/table.json'
+
+fuzz:
+	$(SETUP) --group fuzz
+	cmake --preset fuzz
+	cmake --build --preset fuzz --parallel $(JOBS)
+	tools/fuzz --seconds $(FUZZ_SECONDS) --jobs $(FUZZ_JOBS) $(FUZZ_TARGETS)
 
 docs:
 	$(SETUP) --group docs

@@ -77,9 +77,11 @@ class Attempt
 public:
     explicit Attempt(const QString& file) { m_result.file = file; }
 
+    LoadResult inspect();
     LoadResult run();
 
 private:
+    bool isInspected(QPluginLoader& loader);
     bool fail(LoadStage stage, const QString& cause, const QString& mend);
     bool checkFile();
     bool checkFormat();
@@ -91,17 +93,33 @@ private:
     QString m_path; ///< Absolute: the dynamic loader looks for a bare name elsewhere.
 };
 
+bool Attempt::isInspected(QPluginLoader& loader)
+{
+    if (!checkFile() || !checkFormat()) {
+        return false;
+    }
+    // Missing symbols show now and not at the first call; code that runs is never taken away.
+    loader.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    loader.setFileName(m_path);
+    return checkMetadata(loader);
+}
+
+LoadResult Attempt::inspect()
+{
+    QPluginLoader loader;
+    m_result.ok = isInspected(loader);
+    if (m_result.ok) {
+        m_result.stage = LoadStage::Library;
+    }
+    return m_result;
+}
+
 LoadResult Attempt::run()
 {
-    if (checkFile() && checkFormat()) {
-        QPluginLoader loader;
-        // Missing symbols show now and not at the first call; code that runs is never taken away.
-        loader.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
-        loader.setFileName(m_path);
-        if (checkMetadata(loader) && loadLibrary(loader) && makeInstance(loader)) {
-            m_result.ok = true;
-            m_result.stage = LoadStage::Loaded;
-        }
+    QPluginLoader loader;
+    if (isInspected(loader) && loadLibrary(loader) && makeInstance(loader)) {
+        m_result.ok = true;
+        m_result.stage = LoadStage::Loaded;
     }
     return m_result;
 }
@@ -343,6 +361,11 @@ QString loadFailureMessage(const QString& file, LoadStage stage, const QString& 
                ? PluginLoader::tr("No plug-ins were loaded from %1: %2. %3").arg(file, cause, mend)
                : PluginLoader::tr("Plug-in %1 was not loaded (%2): %3. %4")
                      .arg(file, loadStageName(stage), cause, mend);
+}
+
+LoadResult inspectPluginFile(const QString& file)
+{
+    return Attempt(file).inspect();
 }
 
 LoadResult loadPluginFile(const QString& file)

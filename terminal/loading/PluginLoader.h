@@ -64,6 +64,9 @@ extern const char pluginInterfaceIdentifier[];
 /// rules of C++.
 LoadResult loadPluginFile(const QString& file);
 
+/// Does of loadPluginFile() what runs no code of the file: when that is well, the stage is LoadStage::Library.
+LoadResult inspectPluginFile(const QString& file);
+
 /// The plug-ins (`*.so`) of a folder with their paths, by name. None is returned and @p error tells why when
 /// the folder does not exist, cannot be read or has no plug-in.
 QStringList pluginFilesOf(const QString& folder, QString* error);
