@@ -123,9 +123,8 @@ QMap<int, QString> StoredParameters::values(const QString& menuFile, const QStri
 {
     QMap<int, QString> values;
     const auto add = [&values](const QString& name, const QString& value) {
-        bool isNumber = false;
-        const int index = name.toInt(&isNumber);
-        if (isNumber) {
+        const int index = name.toInt();
+        if (name == QString::number(index)) { // value() knows no 05
             values.insert(index, value);
         }
     };

@@ -2,6 +2,7 @@
 #include "menu/MenuFile.h"
 
 #include <QFile>
+#include <QJsonDocument>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSet>
@@ -46,12 +47,23 @@ QString textOf(const Json::Value& value)
     return QString::fromStdString(value.asString());
 }
 
+/// The JSON reader takes a bare carriage return for the end of a line; so do all counts of lines then.
+QByteArray withLineFeeds(QByteArray content)
+{
+    for (int i = 0; i < content.size(); ++i) {
+        if (content.at(i) == '\r' && (i + 1 == content.size() || content.at(i + 1) != '\n')) {
+            content[i] = '\n';
+        }
+    }
+    return content;
+}
+
 /// Reads the content of one menu file and collects what is wrong with it.
 class Reader
 {
 public:
     Reader(const QByteArray& content, const QString& name)
-        : m_content(content)
+        : m_content(withLineFeeds(content))
         , m_name(name)
     {
     }
@@ -59,7 +71,7 @@ public:
     QList<MenuItem> read()
     {
         Json::Value root;
-        if (!isTooLarge() && isUtf8() && !isBeyondReader() && parse(&root)) {
+        if (!isTooLarge() && isUtf8() && !isNestedTooDeeply() && parse(&root) && isStrictJson()) {
             readRoot(root);
             checkParents();
         }
@@ -125,8 +137,7 @@ private:
         return m_faults.isEmpty();
     }
 
-    /// What the JSON reader does not refuse by itself: depth, and comments between entries.
-    bool isBeyondReader()
+    bool isNestedTooDeeply()
     {
         int line = 1;
         int depth = 0;
@@ -148,10 +159,6 @@ private:
                              "items stand side by side in \"items\" and name their menu by \"parent\""));
                     return true;
                 }
-            } else if (c == '/') {
-                fail(line, QStringLiteral("this is no JSON: there are no comments in it"),
-                     QStringLiteral("take what begins with / out, or write it as a text in double quotes"));
-                return true;
             } else if (c == '}' || c == ']') {
                 --depth;
             }
@@ -200,6 +207,20 @@ private:
             fail(1, QStringLiteral("this is no JSON"),
                  QStringLiteral("write {\"version\": 1, \"items\": […]}"));
         }
+        return false;
+    }
+
+    /// The reader lets comments between entries pass, even in its strict mode, and numbers such as 007.
+    bool isStrictJson()
+    {
+        QJsonParseError error;
+        QJsonDocument::fromJson(m_content, &error);
+        if (error.error == QJsonParseError::NoError) {
+            return true;
+        }
+        fail(1 + m_content.left(error.offset).count('\n'),
+             QStringLiteral("this is no JSON: %1").arg(error.errorString()),
+             QStringLiteral("there are no comments, and no zeros before a number"));
         return false;
     }
 

@@ -143,7 +143,15 @@ void tst_MenuFile::faults_data()
                              << "m.json:2: this is no JSON";
     QTest::newRow("comment between entries")
         << file("{\"id\": 1,\n\"kind\": \"bool\", /* none */ \"text\": \"A\"}")
-        << "m.json:3: this is no JSON: there are no comments in it";
+        << "m.json:3: this is no JSON: ";
+    QTest::newRow("zeros before a number")
+        << file("{\"id\": 1, \"kind\": \"number\",\n\"default\": 007, \"text\": \"A\"}")
+        << "m.json:3: this is no JSON: ";
+    QTest::newRow("line ends of an old system")
+        << QByteArray("{\r\"version\": 1,\r\n\"items\": 5,\r\"context\" 6}")
+        << "m.json:4: this is no JSON, column 11: ";
+    QTest::newRow("fault behind line ends of an old system")
+        << QByteArray("{\r\"version\": 1,\r\"items\": 5}") << "m.json:3: \"items\" is no list";
     QTest::newRow("something behind the end") << file("") + "more"
                                               << "m.json:4: this is no JSON";
     QTest::newRow("key twice") << file("{\"id\": 1, \"kind\": \"bool\",\n\"text\": \"A\", \"text\": \"B\"}")

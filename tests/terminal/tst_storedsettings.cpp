@@ -48,6 +48,7 @@ class tst_StoredSettings : public QObject
 private slots:
     void init();
 
+    void numbersAreWrittenWithoutZerosBeforeThem();
     void severalValuesInOneStep();
     void valuesOfOnePluginOnly();
     void valuesInMemory();
@@ -91,6 +92,17 @@ void tst_StoredSettings::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     prepare(m_folder->path());
+}
+
+void tst_StoredSettings::numbersAreWrittenWithoutZerosBeforeThem()
+{
+    QFile file(m_file);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[user]\nfilling\\%3A\\menu.json\\05=five\nfilling\\%3A\\menu.json\\6=six\n");
+    file.close();
+    const StoredParameters parameters(m_file);
+    QCOMPARE(parameters.values(Menu, Owner, Plugin), (QMap<int, QString>{{6, QStringLiteral("six")}}));
+    QCOMPARE(parameters.value(Menu, Owner, Plugin, QStringLiteral("none"), 5), QStringLiteral("none"));
 }
 
 void tst_StoredSettings::severalValuesInOneStep()
