@@ -4,7 +4,10 @@
 #include "MenuListBase.h"
 #include "MesswertInfo.h"
 #include "PluginBase.h"
+#include "PrintItemNameValueUnitData.h"
+#include "UnitsList.h"
 #include "WarnInfo.h"
+#include "WeighingParameters.h"
 
 #include <QMetaType>
 #include <QtTest>
@@ -101,6 +104,14 @@ void TestInterfaces::castAnswersTo_data()
     row("PluginBase", "IPlugin", "interface");
     row("PluginBase", "Brimvale.Plugin.IPlugin", "interface");
     row("PluginBase", "Brimvale.Plugin.IPlugin/1.0", "nothing");
+    row("UnitsList", "Brimvale::UnitsList", "object");
+    row("UnitsList", "IUnitsList", "interface");
+    row("UnitsList", "Brimvale.Messwert.IUnitsList/1.0", "interface");
+    row("WeighingParameters", "Brimvale::WeighingParameters", "object");
+    row("WeighingParameters", "IWeighingParameters", "interface");
+    row("WeighingParameters", "Brimvale.MeasuringSystem.IWeighingParameters/1.0", "interface");
+    row("PrintItemNameValueUnitData", "Brimvale::PrintItemNameValueUnitData", "object");
+    row("PrintItemNameValueUnitData", "IPrintItemNameValueUnitData", "interface");
     row("MesswertInfo", "Brimvale::MesswertInfo", "object");
     row("MesswertInfo", "MesswertInfo", "nothing");
     row("WarnInfo", "Brimvale::WarnInfo", "object");
@@ -137,6 +148,15 @@ void TestInterfaces::castAnswersTo()
     } else if (type == QLatin1String("PluginBase")) {
         Plugin plugin;
         given = answer(&plugin, static_cast<IPlugin*>(&plugin));
+    } else if (type == QLatin1String("UnitsList")) {
+        UnitsList units(nullptr, 2);
+        given = answer(&units, static_cast<IUnitsList*>(&units));
+    } else if (type == QLatin1String("WeighingParameters")) {
+        WeighingParameters parameters(nullptr, nullptr, nullptr);
+        given = answer(&parameters, static_cast<IWeighingParameters*>(&parameters));
+    } else if (type == QLatin1String("PrintItemNameValueUnitData")) {
+        PrintItemNameValueUnitData data(nullptr);
+        given = answer(&data, static_cast<IPrintItemNameValueUnitData*>(&data));
     } else if (type == QLatin1String("MesswertInfo")) {
         MesswertInfo info(nullptr, QString(), QString(), false, 0, false, false, false, 0, QString(),
                           QString(), false, 0, false, false, 0, QString(), QString(), QString(), 0, 0, false,

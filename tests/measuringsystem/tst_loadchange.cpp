@@ -409,6 +409,8 @@ void TestLoadChange::metaObject()
     QVERIFY(meta->indexOfSlot("onLoadChanged(int,double)") >= 0);
     QVERIFY(meta->indexOfSlot("onNewMeasurementValue()") >= 0);
     QCOMPARE(qobject_cast<ILoadChange*>(m_detector.get()), static_cast<ILoadChange*>(m_detector.get()));
+    QCOMPARE(m_detector->qt_metacast("ILoadChange"),
+             static_cast<void*>(static_cast<ILoadChange*>(m_detector.get())));
     QCOMPARE(qobject_interface_iid<ILoadChange*>(), "Brimvale.MeasuringSystem.ILoadChange/1.0");
 
     QObject parent;
