@@ -13,7 +13,6 @@ FileDestination::FileDestination(const QString& filePath, qint64 sizeLimit, int 
     : m_file(filePath)
     , m_sizeLimit(sizeLimit)
     , m_oldFileCount(oldFileCount)
-    , m_failureReported(false)
     , m_valid(open())
 {
 }
@@ -72,8 +71,8 @@ void FileDestination::report(const char* action, const QString& filePath, const 
     if (m_failureReported)
         return;
     m_failureReported = true;
-    std::fprintf(stderr, "QsLog: cannot %s the log file \"%s\": %s\n", action, qPrintable(filePath),
-                 qPrintable(reason));
+    static_cast<void>(std::fprintf(stderr, "QsLog: cannot %s the log file \"%s\": %s\n", action,
+                                   qPrintable(filePath), qPrintable(reason)));
 }
 
 } // namespace QsLogging

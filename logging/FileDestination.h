@@ -30,7 +30,7 @@ private:
     QFile m_file;
     qint64 m_sizeLimit;
     int m_oldFileCount;
-    bool m_failureReported;
+    bool m_failureReported = false;
     bool m_valid;
 };
 

@@ -27,6 +27,7 @@ struct Destinations
 // Never destroyed: objects that live until the end of the process log in their destructors.
 Destinations& destinations()
 {
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
     static auto* const instance = new Destinations;
     return *instance;
 }
@@ -54,6 +55,8 @@ QLatin1String levelName(Level level)
 
 } // namespace
 
+// One per process.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 Logger Logger::s_instance;
 
 void Logger::destroyInstance()

@@ -102,7 +102,7 @@ private:
 
     void write(const QString& text, Level level) noexcept;
 
-    static Logger s_instance;
+    static Logger s_instance; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): one per process
 
     std::atomic<int> m_level{InfoLevel};
     std::atomic<bool> m_includeTimestamp{true};

@@ -21,8 +21,8 @@ public:
     void write(const QString& message, Level) override
     {
         const QByteArray line = message.toLocal8Bit() + '\n';
-        std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
-        std::fflush(stderr);
+        static_cast<void>(std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr));
+        static_cast<void>(std::fflush(stderr));
     }
 
     bool isValid() override { return true; }

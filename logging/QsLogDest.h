@@ -22,7 +22,7 @@ class QSLOG_EXPORT Destination
 {
 public:
     /// A function that takes log lines, see DestinationFactory::MakeFunctorDestination().
-    typedef void (*LogFunction)(const QString& message, Level level);
+    using LogFunction = void (*)(const QString& message, Level level);
 
     Destination() = default;
     virtual ~Destination();
@@ -45,7 +45,7 @@ private:
 };
 
 /// Destinations are shared between the logger and whoever made them.
-typedef QSharedPointer<Destination> DestinationPtr;
+using DestinationPtr = QSharedPointer<Destination>;
 
 /// Whether a log file is replaced by a new one when it has grown too large.
 enum LogRotationOption

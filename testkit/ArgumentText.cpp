@@ -177,10 +177,12 @@ QString argumentText(const QVariant& value)
         text = argumentText(value.toString());
         break;
     default:
-        if (value.canConvert<QObject*>())
-            text = argumentText(static_cast<const QObject*>(value.value<QObject*>()));
-        else
+        if (value.canConvert<QObject*>()) {
+            const QObject* const object = value.value<QObject*>();
+            text = argumentText(object);
+        } else {
             text = value.toString();
+        }
     }
     return QStringLiteral("QVariant(%1, %2)").arg(QLatin1String(value.typeName()), text);
 }
@@ -252,7 +254,7 @@ QString argumentText(const IStepFunction* value)
 
 QString argumentText(const IWorkflowStep* value)
 {
-    return value ? identifiedText(value, argumentText(value->stepId()) + QLatin1String(", ")
+    return value ? identifiedText(value, argumentText(value->stepId()) + QStringLiteral(", ")
                                              + argumentText(value->functionId()))
                  : nullText();
 }

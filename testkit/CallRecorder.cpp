@@ -106,7 +106,8 @@ std::any checkedAnswer(const QString& key, const std::any& answer)
 /// The operations that a pattern means: a name with wildcards, or an interface.
 QSet<QString> checkedPattern(const QString& pattern)
 {
-    const QString complete = pattern.contains(QLatin1String("::")) ? pattern : pattern + QLatin1String("::*");
+    const QString complete =
+        pattern.contains(QLatin1String("::")) ? pattern : pattern + QStringLiteral("::*");
     const QRegularExpression expression(QRegularExpression::wildcardToRegularExpression(complete));
     const auto matches = [&expression](const QString& name) { return expression.match(name).hasMatch(); };
     QSet<QString> operationNames;
@@ -143,7 +144,8 @@ QStringList CallRecorder::callsTo(const QString& pattern) const
 int CallRecorder::callCount(const QString& operation) const
 {
     int count = 0;
-    for (const QString& name : checkedPattern(operation))
+    const QSet<QString> names = checkedPattern(operation);
+    for (const QString& name : names)
         count += m_counts.value(name);
     return count;
 }

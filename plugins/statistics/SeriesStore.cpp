@@ -42,6 +42,8 @@ int primaryCode(const QSqlError& error)
 
 SeriesStore::SeriesStore(const QString& folder)
     : m_folder(folder)
+    // The address makes the name unique.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast)
     , m_connection(QStringLiteral("statistics-%1").arg(reinterpret_cast<quintptr>(this)))
 {
 }

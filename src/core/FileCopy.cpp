@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 // Files of more than 2 GB on 32-bit systems too.
-#define _FILE_OFFSET_BITS 64
+#define _FILE_OFFSET_BITS                                                                                    \
+    64 // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): its name is given
 
 #include "core/FileCopy.h"
 
@@ -124,7 +125,7 @@ bool publishUnnamed(int descriptor, const QByteArray& destination)
         return false;
     }
     char link[32];
-    std::snprintf(link, sizeof(link), "/proc/self/fd/%d", descriptor);
+    static_cast<void>(std::snprintf(link, sizeof(link), "/proc/self/fd/%d", descriptor));
     return ::linkat(AT_FDCWD, link, AT_FDCWD, destination.constData(), AT_SYMLINK_FOLLOW) == 0;
 }
 

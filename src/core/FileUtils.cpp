@@ -53,7 +53,7 @@ bool isDirectory(const QString& path, const FileIdentity& identity)
 struct CopiedDirectory
 {
     FileIdentity identity;
-    const CopiedDirectory* outer;
+    const CopiedDirectory* outer = nullptr;
 };
 
 bool isBeingCopied(const FileIdentity& directory, const CopiedDirectory* copied)

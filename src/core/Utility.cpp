@@ -171,12 +171,12 @@ bool Utility::doCheckDisk(QString device)
 
 QString Utility::SubscriptText(const QString& text)
 {
-    return QLatin1String("<sub>") + text + QLatin1String("</sub>");
+    return QStringLiteral("<sub>") + text + QStringLiteral("</sub>");
 }
 
 QString Utility::SuperscriptText(const QString& text)
 {
-    return QLatin1String("<sup>") + text + QLatin1String("</sup>");
+    return QStringLiteral("<sup>") + text + QStringLiteral("</sup>");
 }
 
 QString Utility::ButtonText(const QString& text)

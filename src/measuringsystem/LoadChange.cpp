@@ -186,4 +186,4 @@ void LoadChange::onNewMeasurementValue()
 } // namespace Brimvale
 
 // In the same source file the slots are part of the delivery of signals, which comes with every measured value.
-#include "moc_LoadChange.cpp"
+#include "moc_LoadChange.cpp" // NOLINT(bugprone-suspicious-include)

@@ -43,6 +43,8 @@ QString pointedText(quint32 digits, int places, bool isNegative)
     if (isNegative) {
         *--begin = '-';
     }
+    // A QChar is one such number, but an array of QChar would first be filled with zeros.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast)
     return QString(reinterpret_cast<const QChar*>(begin), static_cast<int>(end - begin));
 }
 

@@ -462,4 +462,4 @@ void MesswertInfo::setFromMesswertData(MesswertData* data)
 } // namespace Brimvale
 
 // In the same source file the signals are part of the setters: a change costs no more calls than it must.
-#include "moc_MesswertInfo.cpp"
+#include "moc_MesswertInfo.cpp" // NOLINT(bugprone-suspicious-include)

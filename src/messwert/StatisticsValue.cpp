@@ -241,7 +241,7 @@ QDateTime readTimestamp(QStringView text)
         const QTime time(readDigits(text, 11, 2), readDigits(text, 14, 2), readDigits(text, 17, 2),
                          readDigits(text, 20, 3));
         if (year >= FirstYear && year <= LastYear && date.isValid() && time.isValid()) {
-            const QDateTime timestamp(date, time);
+            QDateTime timestamp(date, time);
             if (!isClockChangeNear(date)) {
                 return timestamp;
             }
@@ -277,7 +277,7 @@ struct Pair
 {
     QStringView key;
     QStringView text;
-    int next;
+    int next = 0;
 };
 
 /// The place of the first quote from `position` on; -1 if there is none.

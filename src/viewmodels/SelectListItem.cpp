@@ -6,10 +6,7 @@ namespace Brimvale
 
 SelectListItem::SelectListItem(QObject* parent)
     : QObject(parent)
-    , m_name()
-    , m_date()
     , m_dateSort(-1)
-    , m_additionalInformation()
     , m_selected(false)
     , m_isProtected(false)
 {

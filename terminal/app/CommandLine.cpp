@@ -200,7 +200,7 @@ CommandLine::CommandLine(const QStringList& arguments)
         return;
     }
     if (!parser.unknownOptionNames().isEmpty()) {
-        refuse(unknownOptionText(parser.unknownOptionNames().first()));
+        refuse(unknownOptionText(parser.unknownOptionNames().constFirst()));
         return;
     }
     if (!parsed) {
@@ -216,7 +216,7 @@ CommandLine::CommandLine(const QStringList& arguments)
     }
     if (!parser.positionalArguments().isEmpty()) {
         refuse(QStringLiteral("%1: this belongs to no option; a plug-in is given as --plugin FILE")
-                   .arg(parser.positionalArguments().first()));
+                   .arg(parser.positionalArguments().constFirst()));
         return;
     }
     if (readValues(parser) && readCombination())
@@ -477,11 +477,12 @@ QString CommandLine::help()
     constexpr int HelpColumn = 26;
     for (const OptionInfo& option : OptionTable) {
         if (option.group)
-            text += QLatin1Char('\n') + latin1(option.group) + QLatin1String(":\n");
+            text += QLatin1Char('\n') + latin1(option.group) + QStringLiteral(":\n");
         QString head = QStringLiteral("  ") + optionText(option.name);
         if (option.value)
             head += QLatin1Char(' ') + latin1(option.value);
-        for (const QString& line : latin1(option.help).split(QLatin1Char('\n'))) {
+        const QStringList lines = latin1(option.help).split(QLatin1Char('\n'));
+        for (const QString& line : lines) {
             text += head.leftJustified(HelpColumn - 1) + QLatin1Char(' ') + line + QLatin1Char('\n');
             head.clear();
         }

@@ -12,8 +12,8 @@ namespace
 
 void write(std::FILE* stream, const QString& text)
 {
-    std::fputs((text + QLatin1Char('\n')).toUtf8().constData(), stream);
-    std::fflush(stream);
+    static_cast<void>(std::fputs((text + QLatin1Char('\n')).toUtf8().constData(), stream));
+    static_cast<void>(std::fflush(stream));
 }
 
 } // namespace

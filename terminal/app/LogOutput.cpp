@@ -59,7 +59,7 @@ public:
     void write(const QString& message, QsLogging::Level) override
     {
         const QMutexLocker locker(&m_mutex);
-        std::fputs((message + QLatin1Char('\n')).toUtf8().constData(), stderr);
+        static_cast<void>(std::fputs((message + QLatin1Char('\n')).toUtf8().constData(), stderr));
         m_lines.push_back(message);
         if (m_lines.size() > m_capacity)
             m_lines.pop_front();

@@ -125,7 +125,8 @@ private:
     {
         const QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
         int line = 0;
-        for (const QByteArray& bytes : m_content.split('\n')) {
+        const QList<QByteArray> lines = m_content.split('\n');
+        for (const QByteArray& bytes : lines) {
             ++line;
             QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
             utf8->toUnicode(bytes.constData(), bytes.size(), &state);
@@ -194,7 +195,8 @@ private:
             if (duplicate) {
                 what = what.replace(QLatin1Char('\''), QLatin1Char('"'));
             }
-            what = what.left(1).toLower() + what.mid(1);
+            if (!what.isEmpty())
+                what[0] = what.at(0).toLower();
             fail(found.captured(1).toInt(),
                  duplicate ? what
                            : QStringLiteral("this is no JSON, column %1: %2").arg(found.captured(2), what),

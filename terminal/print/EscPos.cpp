@@ -49,7 +49,8 @@ QByteArray encode(const QString& text)
 {
     QByteArray bytes;
     const QString clean = printable(text).normalized(QString::NormalizationForm_C);
-    for (const TextCell& cell : textCells(clean)) {
+    const QVector<TextCell> cells = textCells(clean);
+    for (const TextCell& cell : cells) {
         if (cell.text == QLatin1String("\n")) {
             bytes += '\n';
             continue;

@@ -113,7 +113,8 @@ QString nameValueUnit(int layout, const QString& name, const QString& value, con
         // Too wide for a line: all of it below the name, at the right edge.
         if (lines.constLast().isEmpty())
             lines.removeLast();
-        for (const QString& line : wrapped((value + QLatin1Char(' ') + unit).trimmed(), columns.total))
+        const QStringList valueLines = wrapped((value + QLatin1Char(' ') + unit).trimmed(), columns.total);
+        for (const QString& line : valueLines)
             lines.append(rightAligned(line, columns.total));
         return withLineEnds(lines);
     }
@@ -129,7 +130,8 @@ QString nameValueUnit(int layout, const QString& name, const QString& value, con
 /// Width of the widest piece of @p text that cannot be broken.
 bool fitsUnbroken(const QString& text, int columns)
 {
-    for (const QString& word : printable(text).split(QRegularExpression(QStringLiteral("[ \\n]+")))) {
+    const QStringList words = printable(text).split(QRegularExpression(QStringLiteral("[ \\n]+")));
+    for (const QString& word : words) {
         if (textWidth(word) > columns)
             return false;
     }

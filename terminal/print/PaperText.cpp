@@ -47,7 +47,8 @@ void drawPrintLine(QPainter& painter, const QPointF& position, qreal columnWidth
             painter.drawText(position + QPointF(runColumn * columnWidth, 0.0), run);
         run.clear();
     };
-    for (const TextCell& cell : textCells(line)) {
+    const QVector<TextCell> cells = textCells(line);
+    for (const TextCell& cell : cells) {
         if (isLatin(cell)) {
             if (run.isEmpty())
                 runColumn = column;

@@ -18,7 +18,8 @@ constexpr int WideCell = 2;
 int cellWidth(const QString& cell)
 {
     int width = 0;
-    for (const uint character : cell.toUcs4())
+    const QVector<uint> characters = cell.toUcs4();
+    for (const uint character : characters)
         width += utf8proc_charwidth(static_cast<utf8proc_int32_t>(character));
     // Several characters that are shown as one, such as a family of people, are no wider than any other.
     return std::min(width, WideCell);
@@ -53,7 +54,8 @@ void wrapLine(const QString& line, int columns, QStringList& lines)
         return;
     }
     QString current;
-    for (const QString& piece : breakablePieces(line)) {
+    const QStringList pieces = breakablePieces(line);
+    for (const QString& piece : pieces) {
         if (textWidth(current + withoutTrailingBlanks(piece)) <= columns) {
             current += piece;
             continue;
@@ -66,7 +68,8 @@ void wrapLine(const QString& line, int columns, QStringList& lines)
             continue;
         }
         int width = 0;
-        for (const TextCell& cell : textCells(piece)) {
+        const QVector<TextCell> cells = textCells(piece);
+        for (const TextCell& cell : cells) {
             if (width + cell.width > columns) {
                 lines.append(withoutTrailingBlanks(current));
                 current.clear();
@@ -98,7 +101,8 @@ QVector<TextCell> textCells(const QString& text)
 int textWidth(const QString& text)
 {
     int width = 0;
-    for (const TextCell& cell : textCells(text))
+    const QVector<TextCell> cells = textCells(text);
+    for (const TextCell& cell : cells)
         width += cell.width;
     return width;
 }
@@ -133,7 +137,8 @@ QString printable(QString text)
 QStringList wrapped(const QString& text, int columns)
 {
     QStringList lines;
-    for (const QString& line : printable(text).split(QLatin1Char('\n')))
+    const QStringList texts = printable(text).split(QLatin1Char('\n'));
+    for (const QString& line : texts)
         wrapLine(line, std::max(columns, WideCell), lines);
     return lines.isEmpty() ? QStringList{QString()} : lines;
 }

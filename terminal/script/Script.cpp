@@ -462,7 +462,8 @@ std::optional<Script> Script::parse(const QByteArray& content, const QString& na
     const int errorsBefore = errors->size();
     const QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
     int number = 0;
-    for (QByteArray bytes : content.split('\n')) {
+    const QList<QByteArray> lines = content.split('\n');
+    for (QByteArray bytes : lines) {
         ++number;
         if (number == 1 && bytes.startsWith("\xEF\xBB\xBF"))
             bytes.remove(0, 3);
