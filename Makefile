@@ -7,8 +7,9 @@ DESTDIR ?=
 # Installs the Debian packages that are missing; `make SETUP=: …` leaves that out.
 SETUP ?= tools/setup
 JOBS ?= $(shell nproc)
-# More arguments for ctest, the benchmarks and the terminal.
+# More arguments for ctest, tools/static-analysis, the benchmarks and the terminal.
 TEST_ARGS ?=
+TIDY_ARGS ?=
 BENCH_ARGS ?=
 RUN_ARGS ?=
 # What the fuzzers do: seconds for each, names (empty: all), how many at the same time.
@@ -16,7 +17,7 @@ FUZZ_SECONDS ?= 600
 FUZZ_TARGETS ?=
 FUZZ_JOBS ?= 1
 
-.PHONY: help run test test-arm bench fuzz docs install clean
+.PHONY: help run test test-arm tidy bench fuzz docs install clean
 .DEFAULT_GOAL := help
 
 help:
@@ -24,6 +25,7 @@ help:
 	@echo '              without a display it plays a short demonstration and leaves screenshots'
 	@echo 'make test     build everything and run all tests'
 	@echo 'make test-arm run the tests of the library and the test kit on 32-bit ARM, in an emulator'
+	@echo 'make tidy     analyse the sources with clang-tidy and clazy, the scripts with shellcheck'
 	@echo 'make bench    build and run the benchmarks; a table compares them with limits, peers and goals'
 	@echo 'make fuzz     build and run the fuzzers; a table tells what they did and what they found'
 	@echo 'make docs     write the reference and the guides as HTML'
@@ -31,8 +33,8 @@ help:
 	@echo 'make clean    remove build/'
 	@echo
 	@echo 'Missing Debian packages are installed on the way (tools/setup --help).'
-	@echo 'Variables: JOBS=$(JOBS), TEST_ARGS for ctest, BENCH_ARGS for the benchmarks, RUN_ARGS for the terminal,'
-	@echo 'FUZZ_SECONDS=$(FUZZ_SECONDS), FUZZ_TARGETS and FUZZ_JOBS=$(FUZZ_JOBS) for the fuzzers.'
+	@echo 'Variables: JOBS=$(JOBS), TEST_ARGS for ctest, TIDY_ARGS for the analysis, BENCH_ARGS for the benchmarks,'
+	@echo 'RUN_ARGS for the terminal, FUZZ_SECONDS=$(FUZZ_SECONDS), FUZZ_TARGETS and FUZZ_JOBS=$(FUZZ_JOBS) for the fuzzers.'
 
 run:
 	$(SETUP) --group run
@@ -55,6 +57,11 @@ test-arm:
 	@if [ -x build/dev/bin/results ]; then \
 		cmake --build --preset dev --parallel $(JOBS) --target results && ctest --preset dev -R '^results$$' || true; fi
 	ctest --preset arm --parallel $(JOBS) $(TEST_ARGS)
+
+tidy:
+	$(SETUP) --group test --group analysis
+	cmake --preset dev
+	tools/static-analysis --jobs $(JOBS) $(TIDY_ARGS)
 
 bench:
 	$(SETUP) --group bench
