@@ -287,7 +287,7 @@ FileIdentity FileIdentity::ofEntry(const QString& path)
 
 bool FileIdentity::isDirectory() const
 {
-    return exists && S_ISDIR(mode);
+    return S_ISDIR(mode);
 }
 
 bool FileIdentity::operator==(const FileIdentity& other) const

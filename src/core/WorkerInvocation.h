@@ -25,8 +25,8 @@ inline bool acceptsArguments(QObject* worker, const QMetaMethod& method, std::in
         return false;
     }
     for (int i = 0; i < count; ++i) {
-        const int declared = method.parameterType(i);
-        if (declared == QMetaType::UnknownType || declared != types.begin()[i]) {
+        // That of an unregistered type is 0, which no argument has.
+        if (method.parameterType(i) != types.begin()[i]) {
             return false;
         }
     }

@@ -208,7 +208,7 @@ int readInteger(QStringView text)
     return text.toString().toInt();
 }
 
-/// Whether the offset from universal time changes on the day before, on, or after a date.
+/// Whether the offset from universal time changes on the day before, on, or after a date, whose year fits in an `int`.
 bool isClockChangeNear(QDate date)
 {
     constexpr qint64 SecondsPerDay = 86400;
@@ -218,8 +218,9 @@ bool isClockChangeNear(QDate date)
     const auto after = static_cast<std::time_t>(midnight + 2 * SecondsPerDay);
     std::tm atBefore = {};
     std::tm atAfter = {};
-    return ::localtime_r(&before, &atBefore) == nullptr || ::localtime_r(&after, &atAfter) == nullptr
-           || atBefore.tm_gmtoff != atAfter.tm_gmtoff;
+    ::localtime_r(&before, &atBefore);
+    ::localtime_r(&after, &atAfter);
+    return atBefore.tm_gmtoff != atAfter.tm_gmtoff;
 }
 
 /// A time stamp in the format, invalid if the text is none. Exactly written ones are read without the general parser,

@@ -122,10 +122,7 @@ bool PluginBase::StartPlugin()
     m_viewModel = CreateViewModel();
     const QString viewModelName = GetViewModelName();
     const QString screen = GetPluginScreen();
-    if (!LoadView(m_viewModel, viewModelName, screen)) {
-        ClosePlugin();
-        return false;
-    }
+    LoadView(m_viewModel, viewModelName, screen);
 
     m_viewManager = CreateViewManager();
     InitActionbar();

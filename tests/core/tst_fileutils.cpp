@@ -238,7 +238,13 @@ private slots:
     void doesNotCopyToNameThatAppears_data();
     void doesNotCopyToNameThatAppears();
     void copiesResource();
+    void resourceThatCannotBeWrittenLeavesNothing_data();
+    void resourceThatCannotBeWrittenLeavesNothing();
     void copiesNameBetweenDirectories();
+    void copiesWithinCurrentDirectory_data();
+    void copiesWithinCurrentDirectory();
+    void copiesIntoRootDirectory();
+    void namesNothingByNullCharacter();
 
     void createsOneDirectory_data();
     void createsOneDirectory();
@@ -264,6 +270,7 @@ private slots:
     void selectsByNameFilters_data();
     void selectsByNameFilters();
     void logsCopyOfTree();
+    void logsNothingAboveTrace();
     void doesNotReplaceFileByDirectory();
 
     void survivesVanishingSource_data();
@@ -700,6 +707,75 @@ void tst_FileUtils::copiesResource()
     QCOMPARE(int(modeOf(at("copy"))), 0444);
 }
 
+void tst_FileUtils::resourceThatCannotBeWrittenLeavesNothing_data()
+{
+    QTest::addColumn<int>("publishing");
+    QTest::newRow("unnamed") << int(Unnamed);
+    QTest::newRow("named") << int(Renamed);
+}
+
+void tst_FileUtils::resourceThatCannotBeWrittenLeavesNothing()
+{
+    QFETCH(int, publishing);
+    {
+        const SystemCalls::Watching watching([&](const SystemCalls::Call& call) {
+            return std::strcmp(call.name, "write") == 0 ? ENOSPC : errorFor(call, publishing);
+        });
+        QVERIFY(!m_files.CopyFileOverwrite(QStringLiteral(":/builtin/text.txt"), at("copy")));
+    }
+    QVERIFY(treeOf(m_directory->path()).isEmpty());
+}
+
+void tst_FileUtils::copiesWithinCurrentDirectory_data()
+{
+    addPublishings();
+}
+
+// By names without a directory.
+void tst_FileUtils::copiesWithinCurrentDirectory()
+{
+    QFETCH(int, publishing);
+    QVERIFY(write(at("source"), "content"));
+    {
+        const SystemCalls::Watching watching(
+            [&](const SystemCalls::Call& call) { return errorFor(call, publishing); });
+        QVERIFY(m_files.CopyFileOverwrite(QStringLiteral("source"), QStringLiteral("copy")));
+    }
+    QCOMPARE(treeOf(m_directory->path()),
+             Tree({{QStringLiteral("source"), "content"}, {QStringLiteral("copy"), "content"}}));
+}
+
+// Where the file is made first; that it cannot be made there keeps the test from leaving one.
+void tst_FileUtils::copiesIntoRootDirectory()
+{
+    QVERIFY(write(at("source"), "content"));
+    QStringList places;
+    {
+        const SystemCalls::Watching watching([&](const SystemCalls::Call& call) {
+            const bool makesFile =
+                std::strcmp(call.name, "mkostemp") == 0 || (call.flags & O_TMPFILE) == O_TMPFILE;
+            if (makesFile)
+                places.append(QFileInfo(QDir::cleanPath(QString::fromUtf8(call.path))).path());
+            return makesFile ? EACCES : 0;
+        });
+        QVERIFY(!m_files.CopyFileOverwrite(at("source"), QStringLiteral("/brimvale-test-copy")));
+    }
+    QCOMPARE(places, QStringList({QStringLiteral("/"), QStringLiteral("/")}));
+    QVERIFY(!isThere(QStringLiteral("/brimvale-test-copy")));
+}
+
+// The system would take the part before it for the name.
+void tst_FileUtils::namesNothingByNullCharacter()
+{
+    QVERIFY(write(at("source"), "content"));
+    const QString hidden = QLatin1Char('\0') + QStringLiteral("rest");
+    QVERIFY(!m_files.copyRecursively(at("source"), at("copy") + hidden));
+    QVERIFY(!m_files.CopyRecursivelyOverwrite(at("source"), at("copy") + hidden, {}));
+    QVERIFY(!m_files.copyRecursively(at("source") + hidden, at("copy")));
+    QVERIFY(!m_files.CopyRecursivelyOverwrite(at("source") + hidden, at("copy"), {}));
+    QCOMPARE(treeOf(m_directory->path()), Tree({{QStringLiteral("source"), "content"}}));
+}
+
 void tst_FileUtils::copiesNameBetweenDirectories()
 {
     QVERIFY(QDir().mkdir(at("from")));
@@ -1009,6 +1085,28 @@ void tst_FileUtils::logsCopyOfTree()
                           QStringLiteral("TRACE copied file \"%1\" ").arg(at("from/sub/file")),
                           QStringLiteral("TRACE copied file \"%1\" ").arg(at("from/sub/file")),
                           QStringLiteral("TRACE could not copy file  \"%1\" ").arg(at("missing"))}));
+}
+
+void tst_FileUtils::logsNothingAboveTrace()
+{
+    QVERIFY(QDir().mkpath(at("from/sub")));
+    QVERIFY(write(at("from/file"), "content"));
+    QVERIFY(QFile::link(at("from"), at("from/sub/circle")));
+    QVERIFY(write(at("old"), "old"));
+
+    const LogRecorder log(QsLogging::DebugLevel);
+    QVERIFY(m_files.CopyFileOverwrite(at("from/file"), at("copy")));
+    QVERIFY(!m_files.CopyFileOverwrite(at("missing"), at("copy")));
+    QVERIFY(!m_files.CopyRecursivelyOverwrite(at("from"), at("to"), {}));
+    QVERIFY(!m_files.CopyRecursivelyOverwrite(at("from"), at("missing/to"), {}));
+    QVERIFY(!m_files.CopyRecursivelyOverwrite(at("missing"), at("copy"), {}));
+    {
+        const SystemCalls::Watching watching(
+            [](const SystemCalls::Call& call) { return std::strcmp(call.name, "unlink") == 0 ? EPERM : 0; });
+        QVERIFY(!m_files.CopyRecursivelyOverwrite(at("from/file"), at("old"), {}));
+    }
+    QCOMPARE(read(at("old")), QByteArray("old"));
+    QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_FileUtils::doesNotReplaceFileByDirectory()

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "Formula.h"
+#include "LogRecorder.h"
 
 #include <QtTest>
 
 #include <cmath>
+#include <memory>
 
 using namespace Brimvale;
 
@@ -49,6 +51,7 @@ private slots:
     void departureFromCipm2007();
     void constants();
     void correctionFactor();
+    void destructorWritesItsLine();
 };
 
 void TestFormula::airDensity_data()
@@ -63,6 +66,8 @@ void TestFormula::airDensity_data()
     QTest::newRow("room, four places") << 20.0 << 50.0 << 1013.25 << 4 << 0.0012 << 0.0012;
     QTest::newRow("absolute zero") << -273.15 << 50.0 << 1013.25 << 7 << -1.0 << -1.0;
     QTest::newRow("near absolute zero counts as it") << -273.1501 << 50.0 << 1013.25 << 7 << -1.0 << -1.0;
+    // All of it would be vapour.
+    QTest::newRow("no pressure") << 20.0 << 50.0 << 0.0 << 7 << -1.0 << -0.0000051;
     QTest::newRow("dry air at zero degrees") << 0.0 << 0.0 << 1013.25 << 7 << 0.0012922 << 0.0012926;
 }
 
@@ -128,6 +133,19 @@ void TestFormula::correctionFactor()
     QCOMPARE(formula.AirDensity_CalWeight_CorrectionFactor(0.0012), 1.0 - 0.0012 / 8.0);
     QCOMPARE(formula.AirDensity_CalWeight_CorrectionFactor(0.0012), 0.99985);
     QCOMPARE(formula.AirDensity_CalWeight_CorrectionFactor(0.0), 1.0);
+}
+
+void TestFormula::destructorWritesItsLine()
+{
+    for (const QsLogging::Level level : {QsLogging::TraceLevel, QsLogging::DebugLevel}) {
+        const LogRecorder log(level);
+        auto formula = std::make_unique<Formula>(nullptr);
+        const QString address = QStringLiteral("0x%1").arg(quintptr(formula.get()), 0, 16);
+        formula.reset();
+        const QString line =
+            QStringLiteral("TRACE Running destructor ->  Brimvale::Formula(%1) ").arg(address);
+        QCOMPARE(log.lines(), level == QsLogging::TraceLevel ? QStringList(line) : QStringList());
+    }
 }
 
 QTEST_APPLESS_MAIN(TestFormula)

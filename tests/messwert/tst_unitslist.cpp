@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "IApprovedMode.h"
+#include "LogRecorder.h"
 #include "UnitsList.h"
 
 #include <QSet>
@@ -7,6 +8,7 @@
 #include <QtTest>
 
 #include <limits>
+#include <memory>
 
 using namespace Brimvale;
 
@@ -92,6 +94,7 @@ private slots:
     void fixedUnits_data();
     void fixedUnits();
     void eachUnitHasItsBit();
+    void negativeDecimalsAreLogged();
     void negativeDecimalsChangeNothing();
     void anotherCountReplacesTheUnits();
     void lookups();
@@ -106,6 +109,7 @@ private slots:
     void approvedNames();
     void namesWhileTheHostRebuildsTheList();
     void hugeCountOfDecimals();
+    void destructorWritesItsLine();
 };
 
 void TestUnitsList::fixedUnits_data()
@@ -172,6 +176,20 @@ void TestUnitsList::eachUnitHasItsBit()
         QStringLiteral("g mg kg GN dwt ozt oz lb ct C.M. tlh tls tlt mom tola bht").split(QLatin1Char(' '));
     for (int i = 0; i < names.size(); ++i) {
         QCOMPARE(list.getUnitNames(&mode, 0, 1 << i), QStringList(names.at(i)));
+    }
+}
+
+void TestUnitsList::negativeDecimalsAreLogged()
+{
+    const QString line =
+        QStringLiteral("WARN  UnitsList::InitFixUnits, cannot intialize fix units with negative koma. ");
+    for (const QsLogging::Level level : {QsLogging::WarnLevel, QsLogging::ErrorLevel}) {
+        UnitsList list(nullptr, 2);
+        const LogRecorder log(level);
+        list.InitFixUnits(0);
+        QCOMPARE(log.lines(), QStringList());
+        list.InitFixUnits(-1);
+        QCOMPARE(log.lines(), level == QsLogging::WarnLevel ? QStringList(line) : QStringList());
     }
 }
 
@@ -353,6 +371,19 @@ void TestUnitsList::hugeCountOfDecimals()
 {
     UnitsList list(nullptr, std::numeric_limits<int>::max());
     QCOMPARE(list.getUnitByName(QStringLiteral("lb")).format(), std::numeric_limits<int>::max());
+}
+
+void TestUnitsList::destructorWritesItsLine()
+{
+    for (const QsLogging::Level level : {QsLogging::TraceLevel, QsLogging::DebugLevel}) {
+        const LogRecorder log(level);
+        auto units = std::make_unique<UnitsList>(nullptr, 2);
+        const QString address = QStringLiteral("0x%1").arg(quintptr(units.get()), 0, 16);
+        units.reset();
+        const QString line =
+            QStringLiteral("TRACE Running destructor ->  Brimvale::UnitsList(%1) ").arg(address);
+        QCOMPARE(log.lines(), level == QsLogging::TraceLevel ? QStringList(line) : QStringList());
+    }
 }
 
 QTEST_APPLESS_MAIN(TestUnitsList)

@@ -19,6 +19,11 @@ using Brimvale::IAction;
 namespace
 {
 
+// A type that is not registered.
+struct Unknown
+{
+};
+
 // Records its calls. What a call does is set by the test.
 class Worker : public QObject
 {
@@ -41,6 +46,7 @@ public:
     Q_INVOKABLE QVariant withoutArgument() { return record("withoutArgument", QVariant()); }
     Q_INVOKABLE QVariant text(const QString& data) { return record("text", data); }
     Q_INVOKABLE QVariant number(int data) { return record("number", data); }
+    Q_INVOKABLE QVariant unknown(const Unknown&) { return record("unknown", QVariant()); }
     Q_INVOKABLE QVariant twoArguments(QVariant data, QVariant) { return record("twoArguments", data); }
     Q_INVOKABLE void noResult(QVariant data) { record("noResult", data); }
     Q_INVOKABLE QString textResult(QVariant data) { return record("textResult", data).toString(); }
@@ -489,6 +495,7 @@ void TestActionBase::otherSignatureIsNotCalled_data()
 
     QTest::newRow("text for a value") << QByteArray("text(QString)");
     QTest::newRow("number for a value") << QByteArray("number(int)");
+    QTest::newRow("unregistered type for a value") << QByteArray("unknown(Unknown)");
     QTest::newRow("two arguments") << QByteArray("twoArguments(QVariant,QVariant)");
     QTest::newRow("no result") << QByteArray("noResult(QVariant)");
     QTest::newRow("text as result") << QByteArray("textResult(QVariant)");

@@ -173,6 +173,23 @@ QStringList plainClose()
            + printButton(false) + deleteView();
 }
 
+/// A plug-in with add-ons and a protocol that overrides what it must and nothing else.
+class PlainPlugin : public PluginBase
+{
+public:
+    QString GetPluginName(bool) override { return s("Plain"); }
+    QString GetPluginIcon() override { return QString(); }
+    void ApplyProfileItem(int, QVariant) override { }
+
+protected:
+    void FillPluginId(PluginId& id) override { id.hasProtocol = true; }
+    IMenuList* CreatePluginMenu() override { return nullptr; }
+    QObject* CreateViewModel() override { return nullptr; }
+    QString GetViewModelName() override { return s("model"); }
+    QString GetPluginScreen() override { return s("qrc:/Plain.qml"); }
+    IPluginViewManager* CreateViewManager() override { return nullptr; }
+};
+
 /// The disconnect call is made also where there is no object; Qt warns of that.
 void expectDisconnectOfNull()
 {
@@ -262,6 +279,7 @@ private slots:
     void profile();
     void smallOperations();
     void printRequestIsKept();
+    void hooksMayBeLeftOut();
     void metaObject();
 
 private:
@@ -1230,6 +1248,25 @@ void TestPluginBase::printRequestIsKept()
     m_plugin->onDoPrint();
     QVERIFY(m_plugin->m_printRequested);
     BRIMVALE_COMPARE_CALLS(*m_host);
+}
+
+void TestPluginBase::hooksMayBeLeftOut()
+{
+    PlainPlugin plugin;
+    QVERIFY(m_host->init(plugin));
+    QVERIFY(plugin.GetProtocolMenu() != nullptr);
+    const std::unique_ptr<IMenuList> menu(plugin.GetProtocolMenu());
+    QVERIFY(m_host->start(plugin));
+    QVERIFY(plugin.StartPlugin()); // started, hence nothing to do
+    m_host->clearCalls();
+
+    QVERIFY(plugin.PostStartAddons());
+    BRIMVALE_COMPARE_CALLS(*m_host, "ISystem::GetPluginHost()", "IPluginHost::GetAddonState()",
+                           "IAddonState::IsPending()");
+    expectDisconnectOfNull();
+    QVERIFY(m_host->close(plugin));
+    QCOMPARE(m_host->takeCalls().filter(s("PluginClosed")),
+             QStringList({s("IPluginController::PluginClosed(\"\")"), s("ISequencer::PluginClosed()")}));
 }
 
 void TestPluginBase::metaObject()
