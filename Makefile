@@ -7,6 +7,9 @@ DESTDIR ?=
 # Installs the Debian packages that are missing; `make SETUP=: …` leaves that out.
 SETUP ?= tools/setup
 JOBS ?= $(shell nproc)
+# How many mistakes make mutation makes, and more arguments for tools/mutate.
+MUTATIONS ?= 300
+MUTATION_ARGS ?=
 # More arguments for ctest, tools/static-analysis, the benchmarks and the terminal.
 TEST_ARGS ?=
 TIDY_ARGS ?=
@@ -17,7 +20,7 @@ FUZZ_SECONDS ?= 600
 FUZZ_TARGETS ?=
 FUZZ_JOBS ?= 1
 
-.PHONY: help run test test-arm tidy bench fuzz docs install clean
+.PHONY: help run test test-arm coverage mutation tidy bench fuzz docs install clean
 .DEFAULT_GOAL := help
 
 help:
@@ -26,6 +29,8 @@ help:
 	@echo 'make test     build everything and run all tests'
 	@echo 'make test-arm run the tests of the library and the test kit on 32-bit ARM, in an emulator'
 	@echo 'make tidy     analyse the sources with clang-tidy and clazy, the scripts with shellcheck'
+	@echo 'make coverage run the tests of the library, and fail when they leave out more of it than is known'
+	@echo 'make mutation make small mistakes in the library, and fail when the tests overlook a new one'
 	@echo 'make bench    build and run the benchmarks; a table compares them with limits, peers and goals'
 	@echo 'make fuzz     build and run the fuzzers; a table tells what they did and what they found'
 	@echo 'make docs     write the reference and the guides as HTML'
@@ -34,7 +39,7 @@ help:
 	@echo
 	@echo 'Missing Debian packages are installed on the way (tools/setup --help).'
 	@echo 'Variables: JOBS=$(JOBS), TEST_ARGS for ctest, TIDY_ARGS for the analysis, BENCH_ARGS for the benchmarks,'
-	@echo 'RUN_ARGS for the terminal, FUZZ_SECONDS=$(FUZZ_SECONDS), FUZZ_TARGETS and FUZZ_JOBS=$(FUZZ_JOBS) for the fuzzers.'
+	@echo 'RUN_ARGS for the terminal, MUTATIONS=$(MUTATIONS), FUZZ_SECONDS=$(FUZZ_SECONDS), FUZZ_TARGETS and FUZZ_JOBS=$(FUZZ_JOBS) for the fuzzers.'
 
 run:
 	$(SETUP) --group run
@@ -62,6 +67,23 @@ tidy:
 	$(SETUP) --group test --group analysis
 	cmake --preset dev
 	tools/static-analysis --jobs $(JOBS) $(TIDY_ARGS)
+
+# docs/quality.md says which branches are left. A long comparison of texts shows no more than a short one.
+coverage:
+	$(SETUP) --group coverage
+	cmake --preset coverage
+	cmake --build --preset coverage --parallel $(JOBS)
+	find build/coverage -name '*.gcda' -delete
+	BRIMVALE_TEXT_COUNT=10000 ctest --preset coverage --parallel $(JOBS) $(TEST_ARGS)
+	mkdir -p build/coverage/report
+	gcovr --root . --object-directory build/coverage --filter src/ --filter include/ \
+		--exclude-throw-branches --exclude-unreachable-branches --sort-uncovered --print-summary \
+		--html-details build/coverage/report/index.html --fail-under-line 100 --fail-under-branch 96
+	@echo 'Line by line: build/coverage/report/index.html'
+
+mutation:
+	$(SETUP) --group mutation
+	tools/mutate --count $(MUTATIONS) --jobs $(JOBS) $(MUTATION_ARGS)
 
 bench:
 	$(SETUP) --group bench
