@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+import QtQuick 2.15
+
+Item {
+}
