@@ -3,12 +3,11 @@
 
 #include "TestKit/RecordingHost.h"
 
-#include <QMutex>
-#include <QMutexLocker>
 #include <QThread>
 #include <QsLog.h>
 #include <QsLogDest.h>
 
+#include <mutex>
 #include <utility>
 
 namespace Brimvale::TestKit
@@ -51,7 +50,7 @@ public:
 
     void add(const QString& message, QsLogging::Level level)
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         if (!m_isOpen)
             return;
         const QString text = message.endsWith(QLatin1Char(' ')) ? message.left(message.size() - 1) : message;
@@ -62,24 +61,24 @@ public:
 
     QStringList lines() const
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         return m_lines;
     }
 
     QStringList takeLines()
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         return std::exchange(m_lines, QStringList());
     }
 
     void close()
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         m_isOpen = false;
     }
 
 private:
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     QStringList m_lines;
     bool m_isOpen = true;
     const std::function<void(const QString&)> m_noteInHost;

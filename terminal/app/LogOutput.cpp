@@ -3,12 +3,10 @@
 
 #include "QsLog.h"
 
-#include <QMutex>
-#include <QMutexLocker>
-
 #include <algorithm>
 #include <cstdio>
 #include <deque>
+#include <mutex>
 
 namespace Brimvale
 {
@@ -58,7 +56,7 @@ public:
 
     void write(const QString& message, QsLogging::Level) override
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         static_cast<void>(std::fputs((message + QLatin1Char('\n')).toUtf8().constData(), stderr));
         m_lines.push_back(message);
         if (m_lines.size() > m_capacity)
@@ -69,14 +67,14 @@ public:
 
     bool contains(const QString& part)
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         return std::any_of(m_lines.begin(), m_lines.end(),
                            [&part](const QString& line) { return line.contains(part); });
     }
 
 private:
     const std::size_t m_capacity;
-    QMutex m_mutex;
+    std::mutex m_mutex;
     std::deque<QString> m_lines;
 };
 
