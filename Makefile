@@ -20,7 +20,7 @@ FUZZ_SECONDS ?= 600
 FUZZ_TARGETS ?=
 FUZZ_JOBS ?= 1
 
-.PHONY: help run test test-arm coverage mutation tidy bench fuzz docs install clean
+.PHONY: help run test test-arm asan tsan valgrind coverage mutation tidy bench fuzz docs install clean
 .DEFAULT_GOAL := help
 
 help:
@@ -28,6 +28,9 @@ help:
 	@echo '              without a display it plays a short demonstration and leaves screenshots'
 	@echo 'make test     build everything and run all tests'
 	@echo 'make test-arm run the tests of the library and the test kit on 32-bit ARM, in an emulator'
+	@echo 'make asan     run all tests with the address, leak and undefined-behaviour sanitizers'
+	@echo 'make tsan     run the tests of the library and the test kit with the thread sanitizer'
+	@echo 'make valgrind run the tests of life cycles under valgrind'
 	@echo 'make tidy     analyse the sources with clang-tidy and clazy, the scripts with shellcheck'
 	@echo 'make coverage run the tests of the library, and fail when they leave out more of it than is known'
 	@echo 'make mutation make small mistakes in the library, and fail when the tests overlook a new one'
@@ -62,6 +65,24 @@ test-arm:
 	@if [ -x build/dev/bin/results ]; then \
 		cmake --build --preset dev --parallel $(JOBS) --target results && ctest --preset dev -R '^results$$' || true; fi
 	ctest --preset arm --parallel $(JOBS) $(TEST_ARGS)
+
+asan:
+	$(SETUP) --group test
+	cmake --preset asan
+	cmake --build --preset asan --parallel $(JOBS)
+	ctest --preset asan --parallel $(JOBS) $(TEST_ARGS)
+
+tsan:
+	$(SETUP) --group test
+	cmake --preset tsan
+	cmake --build --preset tsan --parallel $(JOBS)
+	ctest --preset tsan --parallel $(JOBS) $(TEST_ARGS)
+
+valgrind:
+	$(SETUP) --group valgrind
+	cmake --preset dev
+	cmake --build --preset dev --parallel $(JOBS)
+	ctest --preset valgrind --test-dir build/dev -T memcheck --parallel $(JOBS) $(TEST_ARGS)
 
 tidy:
 	$(SETUP) --group test --group analysis

@@ -18,6 +18,12 @@ if(CMAKE_CROSSCOMPILING)
     list(APPEND BRIMVALE_TEST_ENVIRONMENT "BRIMVALE_EMULATED=1")
 endif()
 
+# What an instrumented test takes longer.
+set(BRIMVALE_TEST_TIMEOUT_FACTOR 1)
+if(BRIMVALE_SANITIZE)
+    set(BRIMVALE_TEST_TIMEOUT_FACTOR 5)
+endif()
+
 # Sets the environment, the labels and the time-out of a test made with add_test().
 #
 #   brimvale_set_test_properties(<name> [LABELS <label>...] [ENVIRONMENT <NAME=value>...] [TIMEOUT <seconds>])
@@ -27,12 +33,13 @@ function(brimvale_set_test_properties name)
     if(NOT DEFINED arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
+    math(EXPR timeout "${arg_TIMEOUT} * ${BRIMVALE_TEST_TIMEOUT_FACTOR}")
     # The folder below tests/ is a label, so that `ctest -L core` runs one subsystem.
     cmake_path(GET CMAKE_CURRENT_SOURCE_DIR FILENAME folder)
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "${BRIMVALE_TEST_ENVIRONMENT};${arg_ENVIRONMENT}"
         LABELS "${folder};${arg_LABELS}"
-        TIMEOUT ${arg_TIMEOUT})
+        TIMEOUT ${timeout})
 endfunction()
 
 # Builds a QtTest executable and registers it with CTest.
