@@ -6,11 +6,8 @@ namespace QsLogging
 {
 
 SlotDestination::SlotDestination(QObject* receiver, const char* member)
-    : m_valid(receiver
-              && member
-              // clang-format writes the blank that the signature has in the meta-object no more.
-              && connect(this, SIGNAL(lineWritten(QString, int)), // clazy:exclude=connect-not-normalized
-                         receiver, member, Qt::QueuedConnection))
+    : m_valid(receiver && member
+              && connect(this, SIGNAL(lineWritten(QString, int)), receiver, member, Qt::QueuedConnection))
 {
 }
 

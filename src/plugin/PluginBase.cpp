@@ -245,7 +245,8 @@ bool PluginBase::PluginTranslator(QTranslator* translator, QString name)
 {
     // Delimiters and suffix are empty and not null, which would have Qt look for files of shortened names too.
     const QString none = QLatin1String("");
-    return translator->load(QLatin1String(":/translations/") + name + QLatin1String(".qm"), none, none, none);
+    return translator->load(QStringLiteral(":/translations/") + name + QStringLiteral(".qm"), none, none,
+                            none);
 }
 
 QObject* PluginBase::GetSelfRefAsQObject()
