@@ -8,9 +8,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QPluginLoader>
 #include <QRegularExpression>
+#include <QVersionNumber>
 
 #include <cstdlib>
 #include <cxxabi.h>
@@ -86,6 +88,7 @@ private:
     bool checkFile();
     bool checkFormat();
     bool checkMetadata(const QPluginLoader& loader);
+    bool checkSdk(const QJsonObject& metadata);
     bool loadLibrary(QPluginLoader& loader);
     bool makeInstance(QPluginLoader& loader);
 
@@ -229,7 +232,29 @@ bool Attempt::checkMetadata(const QPluginLoader& loader)
                         .arg(QT_VERSION_MAJOR)
                         .arg(minor));
     }
-    return true;
+    return checkSdk(metadata);
+}
+
+/// A library of the same major version has all that an older one had. One that is older than the SDK may lack operations
+/// at the end of a host interface, which the plug-in would call all the same.
+bool Attempt::checkSdk(const QJsonObject& metadata)
+{
+    // In a list, as moc writes it. A plug-in that brimvale_add_plugin() has not built need not tell.
+    const QString text = metadata.value(QLatin1String("SharedLibsVersion")).toArray().at(0).toString();
+    const QVersionNumber built = QVersionNumber::fromString(text);
+    const QVersionNumber own = QVersionNumber::fromString(QLatin1String(BRIMVALE_TERMINAL_VERSION));
+    if (built.isNull()
+        || (built.majorVersion() == own.majorVersion() && built.minorVersion() <= own.minorVersion())) {
+        return true;
+    }
+    return fail(
+        LoadStage::Sdk,
+        PluginLoader::tr("it was built with version %1 of the SDK, this terminal has version %2")
+            .arg(text, own.toString()),
+        PluginLoader::tr("Build the plug-in with version %1.%2 of the SDK or an older %1, or bring the "
+                         "terminal up to date.")
+            .arg(own.majorVersion())
+            .arg(own.minorVersion()));
 }
 
 bool Attempt::loadLibrary(QPluginLoader& loader)
@@ -341,6 +366,8 @@ QString loadStageName(LoadStage stage)
         return PluginLoader::tr("identifier");
     case LoadStage::QtVersion:
         return PluginLoader::tr("Qt version");
+    case LoadStage::Sdk:
+        return PluginLoader::tr("SDK version");
     case LoadStage::Library:
         return PluginLoader::tr("library");
     case LoadStage::Instance:

@@ -26,6 +26,7 @@ enum class LoadStage
     Metadata,   ///< It carries the metadata of a Qt plug-in.
     Identifier, ///< It is a plug-in for this terminal, one that is not there yet.
     QtVersion,  ///< It was built with a Qt that this terminal's Qt can run.
+    Sdk,        ///< It was built with an SDK that this terminal's library can stand in for.
     Library,    ///< Libraries and symbols that it needs are there.
     Instance,   ///< Its object was made.
     Interface,  ///< The object has the interface IPlugin.

@@ -51,6 +51,7 @@ private slots:
     void cleanup();
 
     void aGoodPluginIsLoaded();
+    void aCorrectionOfTheSdkIsNoOtherVersion();
     void theObjectIsMadeAnewAfterItsDestruction();
 
     void failure_data();
@@ -72,6 +73,7 @@ private:
     QByteArray good() const;
     QByteArray patched(int offset, const QByteArray& bytes) const;
     QByteArray withQtVersion(char major, char minor) const;
+    QByteArray withSdkVersion(const QByteArray& version) const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
@@ -121,6 +123,18 @@ QByteArray tst_PluginLoader::withQtVersion(char major, char minor) const
     return content;
 }
 
+/// Another version of as many characters.
+QByteArray tst_PluginLoader::withSdkVersion(const QByteArray& version) const
+{
+    QByteArray content = good();
+    const QByteArray built = BRIMVALE_TERMINAL_VERSION;
+    const int place = content.indexOf(built, content.indexOf("SharedLibsVersion"));
+    if (place < 0 || version.size() != built.size()) {
+        qFatal("the fixture plug-in does not tell the version of its SDK");
+    }
+    return content.replace(place, version.size(), version);
+}
+
 void tst_PluginLoader::aGoodPluginIsLoaded()
 {
     const LoadResult result = loadPluginFile(fixture(QStringLiteral("fixture")));
@@ -131,6 +145,13 @@ void tst_PluginLoader::aGoodPluginIsLoaded()
     QVERIFY(result.plugin != nullptr);
     QCOMPARE(result.plugin->GetPluginName(false), QStringLiteral("Fixture"));
     QCOMPARE(result.object->property("steps").toStringList(), QStringList{QStringLiteral("constructor")});
+}
+
+void tst_PluginLoader::aCorrectionOfTheSdkIsNoOtherVersion()
+{
+    const LoadResult result = loadPluginFile(write(QStringLiteral("corrected.so"), withSdkVersion("1.0.9")));
+    const std::unique_ptr<QObject> object(result.object);
+    QVERIFY2(result.ok, qPrintable(result.message));
 }
 
 void tst_PluginLoader::theObjectIsMadeAnewAfterItsDestruction()
@@ -190,6 +211,11 @@ void tst_PluginLoader::failure_data()
         {text("no metadata of a Qt plug-in"), text("Q_PLUGIN_METADATA(IID \"Brimvale.Plugin.IPlugin\"")});
     row("wrong identifier", fixture(text("wrong_identifier")), LoadStage::Identifier,
         {text("\"Example.OtherHost.IModule\""), text("\"Brimvale.Plugin.IPlugin\"")});
+    row("newer SDK", put("newer_sdk.so", withSdkVersion("1.1.0")), LoadStage::Sdk,
+        {text("it was built with version 1.1.0 of the SDK, this terminal has version 1.0.0"),
+         text("version 1.0 of the SDK")});
+    row("next SDK", put("next_sdk.so", withSdkVersion("2.0.0")), LoadStage::Sdk, {text("version 2.0.0")});
+    row("former SDK", put("former_sdk.so", withSdkVersion("0.9.0")), LoadStage::Sdk, {text("version 0.9.0")});
     row("newer Qt", put("newer.so", withQtVersion(5, 99)), LoadStage::QtVersion,
         {text("built with Qt 5.99"), text("runs on Qt ") + QString::fromLatin1(qVersion())});
     row("next Qt", put("next.so", withQtVersion(6, 2)), LoadStage::QtVersion,

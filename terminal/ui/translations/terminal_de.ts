@@ -858,6 +858,18 @@
         <source>Name the folder into which the plug-ins are built.</source>
         <translation>Nennen Sie den Ordner, in den die Plug-ins gebaut werden.</translation>
     </message>
+    <message>
+        <source>it was built with version %1 of the SDK, this terminal has version %2</source>
+        <translation>es wurde mit Version %1 des SDK gebaut, dieses Terminal hat Version %2</translation>
+    </message>
+    <message>
+        <source>Build the plug-in with version %1.%2 of the SDK or an older %1, or bring the terminal up to date.</source>
+        <translation>Bauen Sie das Plug-in mit Version %1.%2 des SDK oder einer älteren %1, oder bringen Sie das Terminal auf den neuesten Stand.</translation>
+    </message>
+    <message>
+        <source>SDK version</source>
+        <translation>SDK-Version</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::PluginManager</name>
