@@ -39,18 +39,40 @@ Record recordAt(const QByteArray& file, quint64 offset)
     return record;
 }
 
-// The relocations of a library.
-int countRelocations(const char* path)
+// What a library costs in a process.
+struct Costs
+{
+    quint64 text = 0; // never written: shared by all processes
+    quint64 data = 0; // written at least by the dynamic linker
+    quint64 bss = 0;
+    int relative = 0; // relocations that need the library's address alone
+    int symbolic = 0; // relocations that look a name up
+};
+
+Costs costsOf(const char* path)
 {
     const QByteArray file = contents(path);
     const auto header = recordAt<ElfW(Ehdr)>(file, 0);
-    int count = 0;
+    Costs costs;
     for (int i = 0; i < header.e_shnum; ++i) {
         const auto section = recordAt<ElfW(Shdr)>(file, header.e_shoff + quint64(i) * header.e_shentsize);
-        if ((section.sh_type == SHT_RELA || section.sh_type == SHT_REL) && section.sh_entsize != 0)
-            count += int(section.sh_size / section.sh_entsize);
+        if ((section.sh_flags & SHF_ALLOC) == 0)
+            continue;
+        quint64& kind = section.sh_type == SHT_NOBITS         ? costs.bss
+                        : (section.sh_flags & SHF_WRITE) != 0 ? costs.data
+                                                              : costs.text;
+        kind += section.sh_size;
+        if ((section.sh_type != SHT_RELA && section.sh_type != SHT_REL) || section.sh_entsize == 0)
+            continue;
+        for (quint64 at = 0; at + section.sh_entsize <= section.sh_size; at += section.sh_entsize) {
+            // Both forms begin alike.
+            const auto relocation = recordAt<ElfW(Rel)>(file, section.sh_offset + at);
+            const bool hasSymbol =
+                (sizeof(void*) == 8 ? quint64(relocation.r_info) >> 32 : relocation.r_info >> 8) != 0;
+            ++(hasSymbol ? costs.symbolic : costs.relative);
+        }
     }
-    return count;
+    return costs;
 }
 
 void report(benchmark::State& state, double figure, const char* unit)
@@ -72,18 +94,38 @@ void size(benchmark::State& state, const char* path)
 BENCHMARK_CAPTURE(size, ours, Ours)->Name("Library: stripped size/ours")->Iterations(1);
 BENCHMARK_CAPTURE(size, empty, Empty)->Name("Library: stripped size/limit:empty library")->Iterations(1);
 
-void relocations(benchmark::State& state, const char* path)
+template <typename Number>
+void cost(benchmark::State& state, const char* path, Number Costs::*part, const char* unit)
 {
-    report(state, countRelocations(path), "relocations");
+    report(state, double(costsOf(path).*part), unit);
 }
-BENCHMARK_CAPTURE(relocations, ours, Ours)->Name("Library: relocations/ours")->Iterations(1);
-BENCHMARK_CAPTURE(relocations, empty, Empty)->Name("Library: relocations/limit:empty library")->Iterations(1);
+#define COST(part, name, unit)                                                                               \
+    BENCHMARK_CAPTURE(cost, ours_##part, Ours, &Costs::part, unit)->Name(name "/ours")->Iterations(1);       \
+    BENCHMARK_CAPTURE(cost, empty_##part, Empty, &Costs::part, unit)                                         \
+        ->Name(name "/limit:empty library")                                                                  \
+        ->Iterations(1)
+COST(text, "Library: text", "bytes");
+COST(data, "Library: data", "bytes");
+COST(bss, "Library: bss", "bytes");
+COST(relative, "Library: relative relocations", "relocations");
+COST(symbolic, "Library: symbolic relocations", "relocations");
+#undef COST
 
-// The time that a process takes to load the library with all that it needs, in seconds; 0 if it cannot.
-double loadTime(const QString& library)
+enum LoadKind
+{
+    FirstLoad, // read from the medium, with all that it needs
+    WarmLoad,  // in memory, with all that it needs
+    AloneLoad  // in memory, into a process that has all that it needs: what it adds to the start of a host
+};
+
+// The time that a process takes to load the library, in seconds; 0 if it cannot.
+double loadTime(const QString& library, LoadKind kind)
 {
     QProcess loader;
-    loader.start(QStringLiteral(BRIMVALE_LIBRARY_LOADER), {library});
+    QStringList arguments{library};
+    if (kind == AloneLoad)
+        arguments += {QStringLiteral("libQt5Core.so.5"), QStringLiteral(BRIMVALE_LOGGER_LIBRARY)};
+    loader.start(QStringLiteral(BRIMVALE_LIBRARY_LOADER), arguments);
     if (!loader.waitForFinished() || loader.exitStatus() != QProcess::NormalExit || loader.exitCode() != 0)
         return 0;
     return loader.readAllStandardOutput().trimmed().toDouble() * 1e-9;
@@ -100,21 +142,21 @@ bool forget(const QString& path)
     return isForgotten;
 }
 
-void load(benchmark::State& state, const char* path, bool isFirst)
+void load(benchmark::State& state, const char* path, LoadKind kind)
 {
     // A copy of its own, which no other process holds in memory.
     const QTemporaryDir room;
     const QString library = room.filePath(QStringLiteral("library.so"));
-    if (!room.isValid() || !QFile::copy(QFile::decodeName(path), library) || loadTime(library) == 0) {
+    if (!room.isValid() || !QFile::copy(QFile::decodeName(path), library) || loadTime(library, kind) == 0) {
         state.SkipWithError("the library cannot be copied and loaded");
         return;
     }
     for (auto _ : state) {
-        if (isFirst && !forget(library)) {
+        if (kind == FirstLoad && !forget(library)) {
             state.SkipWithError("the library stays in the page cache");
             return;
         }
-        const double seconds = loadTime(library);
+        const double seconds = loadTime(library, kind);
         if (seconds == 0) {
             state.SkipWithError("the library cannot be loaded");
             return;
@@ -122,20 +164,28 @@ void load(benchmark::State& state, const char* path, bool isFirst)
         state.SetIterationTime(seconds);
     }
 }
-BENCHMARK_CAPTURE(load, oursFirst, Ours, true)
+BENCHMARK_CAPTURE(load, oursFirst, Ours, FirstLoad)
     ->Name("Library: first load/ours")
     ->Unit(benchmark::kMicrosecond)
     ->UseManualTime();
-BENCHMARK_CAPTURE(load, emptyFirst, Empty, true)
+BENCHMARK_CAPTURE(load, emptyFirst, Empty, FirstLoad)
     ->Name("Library: first load/limit:empty library")
     ->Unit(benchmark::kMicrosecond)
     ->UseManualTime();
-BENCHMARK_CAPTURE(load, oursWarm, Ours, false)
+BENCHMARK_CAPTURE(load, oursWarm, Ours, WarmLoad)
     ->Name("Library: warm load/ours")
     ->Unit(benchmark::kMicrosecond)
     ->UseManualTime();
-BENCHMARK_CAPTURE(load, emptyWarm, Empty, false)
+BENCHMARK_CAPTURE(load, emptyWarm, Empty, WarmLoad)
     ->Name("Library: warm load/limit:empty library")
+    ->Unit(benchmark::kMicrosecond)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(load, oursAlone, Ours, AloneLoad)
+    ->Name("Library: load beside Qt/ours")
+    ->Unit(benchmark::kMicrosecond)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(load, emptyAlone, Empty, AloneLoad)
+    ->Name("Library: load beside Qt/limit:empty library")
     ->Unit(benchmark::kMicrosecond)
     ->UseManualTime();
 
