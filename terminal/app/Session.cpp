@@ -178,7 +178,7 @@ Session::Session(const Options& options, Clock& clock, std::unique_ptr<WeightSou
         std::make_unique<SettingsModel>(m_host->menuStore(), m_host->pluginProfiles(), m_host->notices());
     m_instrument.setSettings(m_settingsModel.get());
     const QString file = settingsFile(options);
-    if (!file.isEmpty())
+    if (!file.isEmpty() && m_host->storedParameters().error().isEmpty())
         m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
     if (m_settings)
         m_host->protocol().terminalItems().setSerialNumber(m_settings->value(SerialNumberKey).toString());

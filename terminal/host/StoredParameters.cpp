@@ -87,6 +87,15 @@ StoredParameters::StoredParameters(const QString& file)
         return;
     }
     removeEmptyLock(file);
+    if (QFileInfo(file).size() > MaximumSize) {
+        m_error =
+            QCoreApplication::translate("Brimvale::Terminal::StoredParameters",
+                                        "The stored parameters in %1 have more than %2 bytes: this is no "
+                                        "settings file of the terminal. Move it away.")
+                .arg(file)
+                .arg(MaximumSize);
+        return;
+    }
     m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
     m_settings->setIniCodec("UTF-8");
     m_settings->sync();

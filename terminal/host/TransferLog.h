@@ -4,8 +4,8 @@
 
 #include "host/TransferTarget.h"
 
+#include <QByteArrayList>
 #include <QCoreApplication>
-#include <QFile>
 #include <QString>
 #include <QStringList>
 
@@ -22,7 +22,9 @@ namespace Terminal
 ///
 /// `state` is "stable" or "unstable", `kind` is "net" or "gross". A reading without a weight has an empty
 /// value and its error. A text with a comma, quote or line break is quoted, quotes in it doubled. A new or
-/// empty file begins with the line of names; an existing one is continued. Every line is written out at once.
+/// empty file begins with the line of names; an existing one is continued. Every line is written out at once, and whole or
+/// not at all. A line that cannot be written is kept and written before the next one; what is still unwritten at the end
+/// goes into the log.
 class TransferLog : public TransferOutput
 {
     Q_DECLARE_TR_FUNCTIONS(Brimvale::Terminal::TransferLog)
@@ -39,10 +41,11 @@ public:
     QString error() const override { return m_error; }
 
 private:
-    bool writeLine(const QStringList& fields);
-    void fail();
+    bool flush();
 
-    QFile m_file;
+    QString m_file;
+    bool m_isActive = false;
+    QByteArrayList m_unwritten;
     QString m_error;
 };
 

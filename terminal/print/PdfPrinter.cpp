@@ -3,6 +3,7 @@
 
 #include "print/PaperText.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QPageLayout>
@@ -105,7 +106,10 @@ void PdfPrinter::end()
         fail();
         return;
     }
-    QPdfWriter writer(&file);
+    // The writer does not notice a disk that is full.
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&pdf);
     writer.setResolution(Resolution);
     writer.setCreator(QStringLiteral("brimvale-terminal"));
     writer.setTitle(m_title.isEmpty() ? tr("Print-out") : m_title);
@@ -160,7 +164,8 @@ void PdfPrinter::end()
             drawPrintLine(painter, QPointF(0.0, baseline), columnWidth, lines.at(line));
         }
     }
-    if (!painter.end() || !file.commit()) {
+    // Nor does commit() with what stands in the file's own buffer.
+    if (!painter.end() || file.write(pdf.data()) != pdf.size() || !file.flush() || !file.commit()) {
         fail();
         return;
     }

@@ -446,7 +446,13 @@ std::optional<Script> Script::load(const QString& fileName, QStringList* errors)
                 .arg(fileName, file.errorString()));
         return std::nullopt;
     }
-    const QByteArray content = file.readAll();
+    const QByteArray content = file.read(MaximumSize + 1);
+    if (content.size() > MaximumSize) {
+        errors->append(QStringLiteral("%1: the file is larger than %2 bytes; cut the script into parts")
+                           .arg(fileName)
+                           .arg(MaximumSize));
+        return std::nullopt;
+    }
     if (file.error() != QFileDevice::NoError) {
         errors->append(QStringLiteral("%1: the script cannot be read: %2; give a file")
                            .arg(fileName, file.errorString()));

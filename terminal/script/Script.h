@@ -125,6 +125,7 @@ public:
 
     /// Reads the file @p fileName. On failure nothing is returned and @p errors has a text for every fault:
     /// "FILE:LINE: what was written: what is wrong; what would be right".
+    static constexpr int MaximumSize = 4 * 1024 * 1024; ///< Bytes of a file.
     static std::optional<Script> load(const QString& fileName, QStringList* errors);
 
     /// Reads @p content, UTF-8; @p name names it in the messages.

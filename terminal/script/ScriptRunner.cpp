@@ -676,7 +676,7 @@ ScriptRunner::Outcome ScriptRunner::keepPrintOut(const QString& path, const QStr
     const QFileInfo info(path);
     QSaveFile kept(path);
     if (!QDir().mkpath(info.path()) || !kept.open(QIODevice::WriteOnly) || kept.write(printOut.toUtf8()) < 0
-        || !kept.commit()) {
+        || !kept.flush() || !kept.commit()) {
         return expected(false, QStringLiteral("that the print-out can be kept"),
                         QStringLiteral("%1 cannot be written: %2").arg(path, kept.errorString()));
     }

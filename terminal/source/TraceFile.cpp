@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <cmath>
+#include <new>
 
 namespace Brimvale
 {
@@ -121,7 +122,12 @@ std::optional<TraceFile> TraceFile::load(const QString& fileName, QString* error
     if (!file.open(QIODevice::ReadOnly))
         return fail(
             Texts::tr("the file cannot be read (%1); check its permissions.").arg(file.errorString()));
-    std::optional<TraceFile> trace = parse(file, fileName, error);
+    std::optional<TraceFile> trace;
+    try {
+        trace = parse(file, fileName, error);
+    } catch (const std::bad_alloc&) {
+        return fail(Texts::tr("there is not enough memory for it; cut the recording into parts."));
+    }
     if (file.error() != QFileDevice::NoError)
         return fail(Texts::tr("the file cannot be read (%1).").arg(file.errorString()));
     return trace;

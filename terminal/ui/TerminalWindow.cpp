@@ -22,6 +22,7 @@
 #include <QQuickItem>
 #include <QQuickRenderControl>
 #include <QQuickWindow>
+#include <QSaveFile>
 #include <QThread>
 #include <QTranslator>
 #include <QUrl>
@@ -219,10 +220,14 @@ bool TerminalWindow::grab(const QString& pngFile, QString* error)
         return false;
     }
 
-    QImageWriter writer(pngFile, "png");
-    if (!writer.write(image.convertToFormat(QImage::Format_RGB32))) {
-        setError(error,
-                 QStringLiteral("The picture %1 cannot be written: %2").arg(pngFile, writer.errorString()));
+    // A disk that is full is noticed, and leaves an earlier picture alone.
+    QSaveFile file(pngFile);
+    QImageWriter writer(&file, "png");
+    if (!file.open(QIODevice::WriteOnly) || !writer.write(image.convertToFormat(QImage::Format_RGB32))
+        || !file.flush() || !file.commit()) {
+        setError(error, QStringLiteral("The picture %1 cannot be written: %2")
+                            .arg(pngFile, file.error() != QFileDevice::NoError ? file.errorString()
+                                                                               : writer.errorString()));
         return false;
     }
     return true;

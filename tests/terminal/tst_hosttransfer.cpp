@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include "FullDisk.h"
 #include "HostFixture.h"
 #include "ITransferTarget.h"
 #include "host/TransferLog.h"
@@ -82,6 +83,9 @@ private slots:
     void transferLogContinuesAFile();
     void aTransferLogThatCannotBeOpenedIsASetupError();
     void aTransferLogOnAFullDiskIsReported();
+    void whatADiskHasNoRoomForIsWrittenLater();
+    void aTransferLogThatVanishesIsBegunAnew();
+    void aTransferLogWhoseFolderVanishesKeepsItsLines();
 
     void printIndicatorGoesOut();
     void observerKeepsTheLastTransfer();
@@ -271,6 +275,55 @@ void tst_HostTransfer::transferLogLines()
                                               "2026-01-01T08:00:04.000Z,36.4,g,stable,net,136.4,100.0,\n"
                                               "2026-01-01T08:00:04.100Z,50.0,g,unstable,net,150.0,100.0,\n"
                                               "2026-01-01T08:00:04.200Z,,g,unstable,net,,100.0,Overload\n"));
+}
+
+void tst_HostTransfer::whatADiskHasNoRoomForIsWrittenLater()
+{
+    useLog();
+    QVERIFY(transfer("1.0"));
+    const QByteArray before = contentOf(m_logFile);
+    {
+        const FullDisk disk(static_cast<rlim_t>(before.size()) + 10);
+        QVERIFY(!transfer("2.0"));
+        QVERIFY(!transfer("3.0"));
+    }
+    // Not half a line of it.
+    QCOMPARE(contentOf(m_logFile), before);
+    QVERIFY(m_fixture->notices.last().contains(m_logFile + QStringLiteral(" cannot be written: ")));
+    QVERIFY(m_fixture->notices.last().endsWith(QLatin1String("written with the next measurement: 2.")));
+    // The output has not gone: the next measurement is taken, and with it those before.
+    QVERIFY(host().isPrintEnabled());
+    QVERIFY(transfer("4.0"));
+    const QList<QByteArray> lines = contentOf(m_logFile).split('\n');
+    QCOMPARE(lines.size(), 6);
+    for (int i = 1; i <= 4; ++i) {
+        QVERIFY2(lines.at(i).contains("," + QByteArray::number(i) + ".0,"), lines.at(i).constData());
+    }
+}
+
+void tst_HostTransfer::aTransferLogThatVanishesIsBegunAnew()
+{
+    useLog();
+    QVERIFY(transfer("1.0"));
+    QVERIFY(QFile::remove(m_logFile));
+    QVERIFY(transfer("2.0"));
+    const QByteArray content = contentOf(m_logFile);
+    QVERIFY2(content.startsWith("time,value,"), content.constData());
+    QVERIFY(content.contains(",2.0,"));
+}
+
+void tst_HostTransfer::aTransferLogWhoseFolderVanishesKeepsItsLines()
+{
+    m_logFile = m_folder->filePath(QStringLiteral("logs/transfers.csv"));
+    QDir folder(m_folder->path());
+    QVERIFY(folder.mkdir(QStringLiteral("logs")));
+    useLog();
+    QVERIFY(QDir(m_folder->filePath(QStringLiteral("logs"))).removeRecursively());
+    QVERIFY(!transfer("1.0"));
+    QVERIFY(folder.mkdir(QStringLiteral("logs")));
+    QVERIFY(transfer("2.0"));
+    QVERIFY(contentOf(m_logFile).contains(",1.0,"));
+    QVERIFY(contentOf(m_logFile).contains(",2.0,"));
 }
 
 void tst_HostTransfer::transferLogQuotesTexts()

@@ -50,6 +50,9 @@ private slots:
     void registrationsAreTakenBack();
     void lateCallsOfAClosedPlugin();
 
+    void pluginFileVanishes();
+    void settingsFolderVanishes();
+
 private:
     Session& session() { return *m_fixture->session; }
     InstrumentModel& instrument() { return session().instrument(); }
@@ -413,6 +416,46 @@ void TestPluginFaults::lateCallsOfAClosedPlugin()
     const int calls = plugin->property("lateCalls").toInt();
     QTRY_VERIFY(plugin->property("lateCalls").toInt() > calls + 2);
     QVERIFY(plugins().isRunning());
+    checkThatItGoesOn();
+}
+
+void TestPluginFaults::pluginFileVanishes()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("vanishing.so"));
+    QVERIFY(QFile::copy(SessionFixture::plugin("misbehaving"), file));
+    m_fixture->options.withoutPlugin = false;
+    m_fixture->options.plugins = QStringList{file, SessionFixture::plugin("fixture")};
+    m_fixture->start();
+    QVERIFY(QFile::remove(file));
+    press("ThrowInTimer"); // is still known as its own
+    QTRY_VERIFY(instrument().noticeText().contains(QLatin1String("\"Misbehaving\" failed")));
+    close();
+    QVERIFY(plugins().activate(QStringLiteral("misbehaving")));
+    QVERIFY(plugins().waitUntilSettled());
+    QVERIFY(plugins().isRunning());
+    checkThatItGoesOn();
+}
+
+void TestPluginFaults::settingsFolderVanishes()
+{
+    QTemporaryDir folder;
+    m_fixture->options.settings = folder.filePath(QStringLiteral("settings/terminal.ini"));
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("settings")));
+    m_fixture->usePlugin("fixture_menu");
+    m_fixture->usePlugin("fixture");
+    m_fixture->start();
+    QVERIFY(QDir(folder.filePath(QStringLiteral("settings"))).removeRecursively());
+    // Whether Qt makes the folder anew or not: the setting holds, and either it is stored or the person is told.
+    SettingsModel& settings = session().settings();
+    QCOMPARE(settings.openScreen(), QString());
+    QCOMPARE(settings.set(11, QStringLiteral("250.5")), QString());
+    QCOMPARE(settings.shownText(11).value_or(QString()), QStringLiteral("250.5 g"));
+    settings.closeScreen();
+    QFile file(m_fixture->options.settings);
+    const bool isStored = file.open(QIODevice::ReadOnly) && file.readAll().contains("250.5");
+    QVERIFY2(isStored || instrument().noticeText().contains(m_fixture->options.settings),
+             qPrintable(instrument().noticeText()));
     checkThatItGoesOn();
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include "FullDisk.h"
 #include "clock/VirtualClock.h"
 #include "print/EscPos.h"
 #include "print/FilePrinter.h"
@@ -111,6 +112,8 @@ private slots:
     void pdf();
     void pdfIsNeverOverwritten();
     void pdfCannotBeWritten();
+    void pdfOnAFullDisk();
+    void fileVanishes();
     void tcp();
     void tcpPrintsTwice();
     void tcpBreaksAtEveryLine_data();
@@ -384,6 +387,29 @@ void TestPrintDevices::pdfIsNeverOverwritten()
     QCOMPARE(
         QDir(m_folder->path()).entryList(QDir::Files),
         QStringList({QStringLiteral("out-2.pdf"), QStringLiteral("out-3.pdf"), QStringLiteral("out.pdf")}));
+}
+
+void TestPrintDevices::pdfOnAFullDisk()
+{
+    m_queue->setPrinter(std::make_unique<PdfPrinter>(path("out.pdf"), [this] { return m_clock.dateTime(); }));
+    {
+        const FullDisk disk(1000);
+        submit(makeJob(numbered(200)));
+    }
+    QCOMPARE(m_queue->failedCount(), 1);
+    QVERIFY(!QFile::exists(path("out.pdf")));
+    QVERIFY(m_queue->repeat());
+    QVERIFY(contentOf(path("out.pdf")).trimmed().endsWith("%%EOF"));
+}
+
+void TestPrintDevices::fileVanishes()
+{
+    m_queue->setPrinter(std::make_unique<FilePrinter>(path("out.txt")));
+    submit(makeJob(numbered(2)));
+    QVERIFY(QFile::remove(path("out.txt")));
+    submit(makeJob(numbered(3)));
+    QCOMPARE(m_queue->failedCount(), 0);
+    QCOMPARE(contentOf(path("out.txt")).count('\n'), 4); // and the empty line between print-outs
 }
 
 void TestPrintDevices::pdfCannotBeWritten()

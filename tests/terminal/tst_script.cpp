@@ -44,6 +44,7 @@ private slots:
     void fileNameThatHoldsAPercentSign();
     void emptyScript();
     void fileThatIsNotThere();
+    void fileThatIsTooLarge();
     void faultsWithSource_data();
     void faultsWithSource();
 };
@@ -508,6 +509,21 @@ void TestScript::fileThatIsNotThere()
     QCOMPARE(errors.size(), 1);
     QVERIFY2(errors.first().startsWith(file + QLatin1String(": the script cannot be read: ")),
              qPrintable(errors.first()));
+}
+
+void TestScript::fileThatIsTooLarge()
+{
+    QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("large.script"));
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(Script::MaximumSize + 1));
+    file.close();
+    QStringList errors;
+    QVERIFY(!Script::load(name, &errors).has_value());
+    QCOMPARE(errors, QStringList{name
+                                 + QStringLiteral(": the file is larger than 4194304 bytes; cut the script "
+                                                  "into parts")});
 }
 
 void TestScript::faultsWithSource_data()

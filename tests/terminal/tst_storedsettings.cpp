@@ -57,6 +57,7 @@ private slots:
     void everyCallThatFails_data();
     void everyCallThatFails();
     void killedWhileItWrites();
+    void fileThatIsTooLarge();
 
 private:
     /// A file with the values 1 "old" and 2 "old", which no QSettings of this process has seen.
@@ -299,6 +300,20 @@ void tst_StoredSettings::killedWhileItWrites()
         QFile file(m_file);
         QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll().contains("other=kept"));
     }
+}
+
+void tst_StoredSettings::fileThatIsTooLarge()
+{
+    QVERIFY(QFile::resize(m_file, StoredParameters::MaximumSize + 1));
+    StoredParameters parameters(m_file);
+    QVERIFY(parameters.error().startsWith(QLatin1String("The stored parameters in ") + m_file
+                                          + QLatin1String(" have more than 16777216 bytes")));
+    // It is left as it is, and values hold for this run.
+    QString error;
+    QVERIFY(!parameters.setValue(Menu, Owner, Plugin, 1, QStringLiteral("new"), &error));
+    QCOMPARE(error, parameters.error());
+    QCOMPARE(parameters.value(Menu, Owner, Plugin, QString(), 1), QStringLiteral("new"));
+    QCOMPARE(QFile(m_file).size(), StoredParameters::MaximumSize + 1);
 }
 
 QTEST_GUILESS_MAIN(tst_StoredSettings)

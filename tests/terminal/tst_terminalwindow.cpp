@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include "FullDisk.h"
 #include "Progressbar.h"
 #include "TerminalFixture.h"
 
@@ -35,6 +36,7 @@ private slots:
     void pictureShowsTheStateAtTheCall();
     void pictureWaitsForWhatStillLoads();
     void pictureThatCannotBeWrittenIsAnError();
+    void pictureOnAFullDisk();
     void svgPicturesAreRead();
 
     // The screens of plug-ins.
@@ -220,6 +222,26 @@ void tst_TerminalWindow::pictureThatCannotBeWrittenIsAnError()
     QVERIFY(!m_terminal->window.grab(path, &error));
     QVERIFY2(error.contains(path), qPrintable(error));
     QVERIFY(!m_terminal->window.grab(path, nullptr));
+}
+
+void tst_TerminalWindow::pictureOnAFullDisk()
+{
+    const QString path = file("full.png");
+    QVERIFY(m_terminal->window.grab(path, nullptr));
+    QFile earlier(path);
+    QVERIFY(earlier.open(QIODevice::ReadOnly));
+    const QByteArray picture = earlier.readAll();
+    earlier.close();
+    QString error;
+    {
+        const FullDisk disk(static_cast<rlim_t>(picture.size()) / 2);
+        QVERIFY(!m_terminal->window.grab(path, &error));
+    }
+    QVERIFY2(error.startsWith(QLatin1String("The picture ") + path + QLatin1String(" cannot be written: ")),
+             qPrintable(error));
+    // No half of a picture, and the earlier one is still there.
+    QVERIFY(earlier.open(QIODevice::ReadOnly));
+    QVERIFY(earlier.readAll() == picture);
 }
 
 void tst_TerminalWindow::screenFillsTheApplicationArea()

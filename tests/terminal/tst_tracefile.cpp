@@ -9,6 +9,10 @@
 #include <QtTest>
 
 #include <limits>
+#include <malloc.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Brimvale::Terminal;
 
@@ -28,6 +32,7 @@ private slots:
     void refuses_data();
     void refuses();
     void messageNamesFileAndLine();
+    void recordingThatDoesNotFitIntoTheMemory();
     void messageKeepsPercentSigns();
     void errorPointerMayBeNull();
     void loadRefuses_data();
@@ -256,6 +261,46 @@ void tst_TraceFile::refuses()
     QTEST(error, "message");
 }
 
+void tst_TraceFile::recordingThatDoesNotFitIntoTheMemory()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("sanitizers need address space without a limit");
+#endif
+    QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("long.csv"));
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("time_s,weight_g\n");
+    constexpr int Readings = 500000; // 16 bytes each
+    for (int i = 0; i < Readings; ++i)
+        file.write(QByteArray::number(i) + ",1\n");
+    file.close();
+
+    const pid_t child = ::fork();
+    if (child == 0) {
+        // What the process has now, and room for a part of the readings.
+        QFile statm(QStringLiteral("/proc/self/statm"));
+        if (!statm.open(QIODevice::ReadOnly))
+            ::_exit(2);
+        const rlim_t pages = statm.readAll().split(' ').first().toULongLong();
+        const rlim_t bytes = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + 1024 * 1024;
+        const rlimit limit{bytes, bytes};
+        setrlimit(RLIMIT_AS, &limit);
+        QString error;
+        const bool loaded = TraceFile::load(name, &error).has_value();
+        const bool isTold =
+            error
+            == name + QStringLiteral(": there is not enough memory for it; cut the recording into parts.");
+        if (!isTold)
+            ::fprintf(stderr, "loaded: %d, told: %s\n", loaded, qPrintable(error));
+        ::_exit(!loaded && isTold ? 0 : 1);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    QVERIFY(WIFEXITED(status));
+    QCOMPARE(WEXITSTATUS(status), 0);
+}
+
 void tst_TraceFile::messageNamesFileAndLine()
 {
     QByteArray bytes("time_s,weight_g\n");
@@ -331,5 +376,13 @@ void tst_TraceFile::longRecording()
     QCOMPARE(trace->durationMs(), (Count - 1) * 10);
 }
 
-QTEST_GUILESS_MAIN(tst_TraceFile)
+int main(int argc, char** argv)
+{
+    // One arena for all threads: that of the test's watchdog has room that no limit of the address space takes away.
+    mallopt(M_ARENA_MAX, 1);
+    QCoreApplication application(argc, argv);
+    tst_TraceFile test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_tracefile.moc"

@@ -1599,6 +1599,10 @@
         <source>The stored parameters in %1 cannot be read or written. Check the permissions of the file and its folder.</source>
         <translation>Die gespeicherten Parameter in %1 können nicht gelesen oder geschrieben werden. Prüfen Sie die Zugriffsrechte der Datei und ihres Ordners.</translation>
     </message>
+    <message>
+        <source>The stored parameters in %1 have more than %2 bytes: this is no settings file of the terminal. Move it away.</source>
+        <translation>Die gespeicherten Parameter in %1 haben mehr als %2 Bytes: Das ist keine Einstellungsdatei des Terminals. Verschieben Sie sie.</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::TcpPrinter</name>
@@ -1669,6 +1673,10 @@
     <message>
         <source>The transfer log %1 cannot be written: %2. Check the path, its permissions and the free space.</source>
         <translation>Das Übertragungsprotokoll %1 kann nicht geschrieben werden: %2. Prüfen Sie den Pfad, die Zugriffsrechte und den freien Platz.</translation>
+    </message>
+    <message>
+        <source>Lines that are kept and written with the next measurement: %1.</source>
+        <translation>Zeilen, die aufbewahrt und mit der nächsten Messung geschrieben werden: %1.</translation>
     </message>
 </context>
 <context>
@@ -2117,6 +2125,10 @@
     <message>
         <source>there is no reading between %1 s and %2 s, which is more than a day; the times are seconds since the start of the recording: subtract what is too much.</source>
         <translation>zwischen %1 s und %2 s liegt kein Messwert, mehr als einen Tag lang; die Zeiten sind Sekunden seit Beginn der Aufzeichnung: ziehen Sie ab, was zu viel ist.</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for it; cut the recording into parts.</source>
+        <translation>der Speicher reicht dafür nicht; teilen Sie die Aufzeichnung.</translation>
     </message>
 </context>
 </TS>
