@@ -685,13 +685,13 @@ void FormulationPlugin::showInfoLines()
         QString value = weightText(component.target, decimals()) + unit;
         bool isOut = false;
         if (batch != nullptr && index < batch->weighed.size()) {
-            value = QString::fromUtf8("✓ ") + weightText(batch->weighed.at(index), decimals()) + unit;
+            value = QStringLiteral("✓ ") + weightText(batch->weighed.at(index), decimals()) + unit;
             isOut = !batch->isWithinTolerance(index, decimals());
         } else if (batch != nullptr) {
             const bool isAtWork = isWorking() && m_procedure->phase() != Procedure::Vessel
                                   && m_procedure->phase() != Procedure::Return
                                   && index == m_procedure->component();
-            value = isAtWork ? tr("at work") : QString::fromUtf8("–");
+            value = isAtWork ? tr("at work") : QStringLiteral("–");
         }
         line(index)->setItemValue(value);
         line(index)->setIsItemValueInvalid(isOut);

@@ -49,7 +49,7 @@ QString SeriesExport::figures(const WeighingSeries& series)
           qMakePair(QLatin1String("minimum"), figures.minimum),
           qMakePair(QLatin1String("maximum"), figures.maximum)}) {
         if (figure.valid) {
-            text += QLatin1String("name=\"") + name + QLatin1String("\" ") + figure.ToString()
+            text += QStringLiteral("name=\"") + name + QStringLiteral("\" ") + figure.ToString()
                     + QLatin1Char('\n');
         }
     }
@@ -65,16 +65,16 @@ bool SeriesExport::write(const WeighingSeries& series, const QString& folder)
         return false;
     }
     QString base;
-    for (int i = 1; base.isEmpty() || FileUtils().fileExists(base + QLatin1String(".csv"))
-                    || FileUtils().fileExists(base + QLatin1String(".txt"));
+    for (int i = 1; base.isEmpty() || FileUtils().fileExists(base + QStringLiteral(".csv"))
+                    || FileUtils().fileExists(base + QStringLiteral(".txt"));
          ++i) {
         base = folder + QStringLiteral("/series-%1").arg(i);
     }
-    const QString csvFile = base + QLatin1String(".csv");
+    const QString csvFile = base + QStringLiteral(".csv");
     if (!writeFile(csvFile, csv(series))) {
         return false;
     }
-    if (!writeFile(base + QLatin1String(".txt"), figures(series))) {
+    if (!writeFile(base + QStringLiteral(".txt"), figures(series))) {
         QFile::remove(csvFile);
         return false;
     }
@@ -85,7 +85,7 @@ bool SeriesExport::write(const WeighingSeries& series, const QString& folder)
 bool SeriesExport::writeFile(const QString& fileName, const QString& text)
 {
     // Written beside it and renamed: the file appears under its name when it is whole and on the medium.
-    const QString part = fileName + QLatin1String(".part");
+    const QString part = fileName + QStringLiteral(".part");
     QFile::remove(part);
     const bool written = FileUtils().WriteFile(part, text, QByteArray(), false)
                          && QFileInfo(part).size() == text.toUtf8().size() // a full medium takes a part

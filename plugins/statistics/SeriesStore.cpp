@@ -224,7 +224,9 @@ bool SeriesStore::setAside()
 bool SeriesStore::append(const StatisticsValue& weighing)
 {
     // A null text would be stored as NULL.
-    const QString unit = weighing.unit.isNull() ? QStringLiteral("") : weighing.unit;
+    QString unit = weighing.unit;
+    if (unit.isNull())
+        unit = QStringLiteral(""); // clazy:exclude=empty-qstringliteral
     return change("INSERT INTO weighing (value, komma, unit, flags, timestamp) VALUES (?, ?, ?, ?, ?)",
                   {weighing.value, weighing.komma, unit, int(weighing.flags),
                    weighing.timestamp.toUTC().toString(Qt::ISODateWithMs)});

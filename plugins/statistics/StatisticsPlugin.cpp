@@ -525,7 +525,7 @@ void StatisticsPlugin::showThreshold()
                && std::round(thresholdGrams(index) * qPow(10.0, m_decimals) * 10.0) >= 10.0;
     };
     const double grams = thresholdGrams(m_thresholdIndex);
-    m_model->setThreshold(QString::number(grams) + QLatin1String(" g"), fits(m_thresholdIndex - 1),
+    m_model->setThreshold(QString::number(grams) + QStringLiteral(" g"), fits(m_thresholdIndex - 1),
                           fits(m_thresholdIndex + 1), m_automatic);
     m_automaticAction->setToggleIndex(m_automatic ? 1 : 0);
 }

@@ -136,7 +136,7 @@ bool WeighingPlugin::PostInitPlugin()
     SetProfileItem(PrintOnlyStable, onlyStable == QLatin1String("true"), QString());
     SetProfileItem(MinimumWeight, minimum.toDouble(), QString());
     const QString mode = m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName,
-                                                      automaticModes().first(), AutomaticMode);
+                                                      automaticModes().constFirst(), AutomaticMode);
     const QString threshold = m_system->GetStoredParameter(SettingsPath, owner, SettingsProfileName,
                                                            QStringLiteral("5"), AutomaticThreshold);
     m_automaticModeWhenOn = automaticModes().at(1);
@@ -158,8 +158,8 @@ void WeighingPlugin::ApplyProfileItem(int id, QVariant value)
     case AutomaticMode:
         // What is none of the modes switches it off.
         m_automaticMode =
-            automaticModes().value(automaticModes().indexOf(value.toString()), automaticModes().first());
-        if (m_automaticMode != automaticModes().first()) {
+            automaticModes().value(automaticModes().indexOf(value.toString()), automaticModes().constFirst());
+        if (m_automaticMode != automaticModes().constFirst()) {
             m_automaticModeWhenOn = m_automaticMode;
         }
         break;
@@ -184,7 +184,7 @@ void WeighingPlugin::showSettings()
         return; // not started: the start shows what is in force
     }
     const QString minimum =
-        m_minimumWeight > 0.0 ? QString::number(m_minimumWeight) + QLatin1String(" g") : QString();
+        m_minimumWeight > 0.0 ? QString::number(m_minimumWeight) + QStringLiteral(" g") : QString();
     m_weighingModel->setSettings(m_printOnlyStable, minimum);
     m_printModeAction->setToggleIndex(m_printOnlyStable ? 1 : 0);
     restartDetector();
@@ -330,7 +330,7 @@ void WeighingPlugin::restartDetector()
 {
     const bool runs = startDetector();
     m_automaticAction->setToggleIndex(runs ? 1 : 0);
-    const bool isWanted = m_detector != nullptr && m_automaticMode != automaticModes().first();
+    const bool isWanted = m_detector != nullptr && m_automaticMode != automaticModes().constFirst();
     m_weighingModel->setAutomaticRefused(isWanted && !runs);
 }
 
@@ -452,8 +452,8 @@ QVariant WeighingPlugin::onPrintModeToggled(QVariant data)
 QVariant WeighingPlugin::onAutomaticToggled(QVariant data)
 {
     Q_UNUSED(data)
-    const bool off = m_automaticMode == automaticModes().first();
-    SetProfileItem(AutomaticMode, off ? m_automaticModeWhenOn : automaticModes().first(), QString());
+    const bool off = m_automaticMode == automaticModes().constFirst();
+    SetProfileItem(AutomaticMode, off ? m_automaticModeWhenOn : automaticModes().constFirst(), QString());
     return !off;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 // Files of more than 2 GB on 32-bit systems too.
-#define _FILE_OFFSET_BITS                                                                                    \
-    64 // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): its name is given
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the C library gives the name
+#define _FILE_OFFSET_BITS 64
 
 #include "core/FileCopy.h"
 

@@ -82,6 +82,8 @@ void Progressbar::setStepDone(int index, bool done)
     }
     // A slot of the item's signal may destroy the bar.
     const QPointer<Progressbar> self(this);
+    // The list holds nothing else.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-static-cast-downcast)
     static_cast<ProgressbarItem*>(m_model.at(index))->setIsDone(done);
     if (!self.isNull()) {
         emit modelChanged();
