@@ -42,7 +42,8 @@ help:
 	@echo
 	@echo 'Missing Debian packages are installed on the way (tools/setup --help).'
 	@echo 'Variables: JOBS=$(JOBS), TEST_ARGS for ctest, TIDY_ARGS for the analysis, BENCH_ARGS for the benchmarks,'
-	@echo 'RUN_ARGS for the terminal, MUTATIONS=$(MUTATIONS), FUZZ_SECONDS=$(FUZZ_SECONDS), FUZZ_TARGETS and FUZZ_JOBS=$(FUZZ_JOBS) for the fuzzers.'
+	@echo 'RUN_ARGS for the terminal, MUTATIONS=$(MUTATIONS), FUZZ_SECONDS=$(FUZZ_SECONDS), FUZZ_TARGETS and'
+	@echo 'FUZZ_JOBS=$(FUZZ_JOBS) for the fuzzers.'
 
 run:
 	$(SETUP) --group run

@@ -28,6 +28,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }                                                                                                    \
     } while (false)
 
+/// For what reads JSON with Qt: its reader leaks some bytes where an object has a key twice. Not in a namespace.
+#define FUZZING_WITHOUT_LEAK_CHECK                                                                           \
+    extern "C" __attribute__((visibility("default"))) const char* __asan_default_options()                   \
+    {                                                                                                        \
+        return "detect_leaks=0";                                                                             \
+    }
+
 namespace Fuzzing
 {
 

@@ -25,6 +25,8 @@ QString path(const char* name)
 
 } // namespace
 
+FUZZING_WITHOUT_LEAK_CHECK
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray content = Fuzzing::Input(data, size).rest();

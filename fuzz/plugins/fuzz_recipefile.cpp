@@ -32,6 +32,8 @@ void checkName(const QString& name, QSet<QString>* names)
 
 } // namespace
 
+FUZZING_WITHOUT_LEAK_CHECK
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray content = Fuzzing::Input(data, size).rest();

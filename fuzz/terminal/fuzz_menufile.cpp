@@ -75,6 +75,8 @@ void checkItem(const MenuItem& item, const MenuFile& menu)
 
 } // namespace
 
+FUZZING_WITHOUT_LEAK_CHECK
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray content = Fuzzing::Input(data, size).rest();

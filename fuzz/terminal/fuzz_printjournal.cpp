@@ -64,6 +64,8 @@ bool isSame(const QVector<StoredPrint>& left, const QVector<StoredPrint>& right)
 
 } // namespace
 
+FUZZING_WITHOUT_LEAK_CHECK
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray content = Fuzzing::Input(data, size).rest();
