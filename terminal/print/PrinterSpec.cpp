@@ -13,20 +13,21 @@ namespace
 bool parseAddress(const QString& text, PrinterSpec* spec, QString* error)
 {
     QString port;
+    const QString inBrackets = QStringLiteral("an IPv6 address stands in brackets, such as tcp:[::1]:9100");
     if (text.startsWith(QLatin1Char('['))) {
         const int end = text.indexOf(QLatin1Char(']'));
-        if (end < 2) {
-            *error = QStringLiteral("an IPv6 address stands in brackets, such as tcp:[::1]:9100");
+        spec->host = text.mid(1, end - 1);
+        if (end < 0 || !spec->host.contains(QLatin1Char(':'))) {
+            *error = inBrackets;
             return false;
         }
-        spec->host = text.mid(1, end - 1);
         port = text.mid(end + 1);
     } else {
         const int colon = text.lastIndexOf(QLatin1Char(':'));
         spec->host = text.left(colon);
         port = colon < 0 ? QString() : text.mid(colon);
         if (spec->host.contains(QLatin1Char(':'))) {
-            *error = QStringLiteral("an IPv6 address stands in brackets, such as tcp:[::1]:9100");
+            *error = inBrackets;
             return false;
         }
     }

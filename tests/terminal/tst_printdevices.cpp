@@ -208,6 +208,7 @@ void TestPrintDevices::specFaults_data()
     row("tcp:::1:9100", "in brackets");
     row("tcp:[::1", "in brackets");
     row("tcp:[]", "in brackets");
+    row("tcp:[printer]:9100", "in brackets");
     row("tcp:[::1]9100", "from 1 to 65535");
 }
 
