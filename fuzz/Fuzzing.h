@@ -53,6 +53,18 @@ inline QString textOf(const QByteArray& bytes)
     return QString::fromUtf8(bytes.constData(), bytes.size());
 }
 
+/// The line that a message names which begins "NAME:LINE: " and goes on; 0 for another message.
+inline int lineOf(const QString& message, const QString& name)
+{
+    const QString start = name + QLatin1Char(':');
+    const QString end = QStringLiteral(": ");
+    const int position = message.indexOf(end, start.size());
+    if (!message.startsWith(start) || position < 0 || message.size() == position + end.size()) {
+        return 0;
+    }
+    return message.mid(start.size(), position - start.size()).toInt();
+}
+
 /// The same number, a NaN and the sign of zero included.
 inline bool isSame(double left, double right)
 {

@@ -44,19 +44,6 @@ void checkStatement(const Statement& statement)
     REQUIRE(alone->statements().first().line == 1 && isSame(alone->statements().first(), statement));
 }
 
-/// Takes "NAME:LINE: " off a message; the line, 0 for the file as a whole.
-int takeLine(QString* message)
-{
-    const QString start = Name + QLatin1Char(':');
-    REQUIRE(message->startsWith(start));
-    const int colon = message->indexOf(QLatin1Char(':'), start.size());
-    const int line = message->mid(start.size(), colon - start.size()).toInt();
-    if (line > 0) {
-        *message = message->mid(colon + 1);
-    }
-    return line;
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -92,16 +79,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         for (const SourceSpec::Kind source : {SourceSpec::Kind::Simulated, SourceSpec::Kind::Trace,
                                               SourceSpec::Kind::Tcp, SourceSpec::Kind::Serial}) {
-            for (QString fault : script->faultsWith(source)) {
-                const int line = takeLine(&fault);
+            for (const QString& fault : script->faultsWith(source)) {
+                const int line = Fuzzing::lineOf(fault, Name);
                 REQUIRE(line >= 1 && line <= lines.size() && fault.contains(QLatin1String("; ")));
             }
         }
         return 0;
     }
     int previous = 0;
-    for (QString& error : errors) {
-        const int line = takeLine(&error);
+    for (const QString& error : qAsConst(errors)) {
+        const int line = Fuzzing::lineOf(error, Name);
         REQUIRE(error.contains(QLatin1String("; ")));
         REQUIRE(line > previous || (line == 0 && errors.size() == 1));
         REQUIRE(line <= lines.size());
@@ -109,7 +96,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             // What was written is named, and a line that is wrong is wrong alone.
             const QByteArray& bytes = lines.at(line - 1);
             const QString source = Fuzzing::textOf(line == 1 && hasMark ? bytes.mid(3) : bytes).trimmed();
-            REQUIRE(error.startsWith(QStringLiteral(" \"") + source + QStringLiteral("\": ")));
+            REQUIRE(error.startsWith(Name + QLatin1Char(':') + QString::number(line) + QStringLiteral(": \"")
+                                     + source + QStringLiteral("\": ")));
             QStringList alone;
             REQUIRE(!Script::parse(bytes, Name, &alone) && alone.size() == 1);
         }
