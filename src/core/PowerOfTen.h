@@ -24,7 +24,8 @@ inline double powerOfTen(qint64 exponent)
     if (exponent < Smallest || exponent > Largest) {
         constexpr qint64 BeyondAll = 400;
         char text[sizeof("1e-400")];
-        std::snprintf(text, sizeof(text), "1e%d", static_cast<int>(qBound(-BeyondAll, exponent, BeyondAll)));
+        static_cast<void>(std::snprintf(text, sizeof(text), "1e%d",
+                                        static_cast<int>(qBound(-BeyondAll, exponent, BeyondAll))));
         return std::strtod(text, nullptr);
     }
     return Powers[exponent - Smallest];
