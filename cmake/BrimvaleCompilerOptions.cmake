@@ -15,6 +15,18 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 
 option(CMAKE_COMPILE_WARNING_AS_ERROR "Warnings are errors" ON)
 
+# Below build/ it serves all configurations of this tree and goes with `make clean`. The build directory is no part of
+# what is compared, so that release and benchmark builds share the library's objects.
+option(BRIMVALE_CCACHE "Compile through ccache, where it is installed" ON)
+if(BRIMVALE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    find_program(CCACHE_PROGRAM ccache)
+    mark_as_advanced(CCACHE_PROGRAM)
+    if(CCACHE_PROGRAM)
+        set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_DIR=${PROJECT_SOURCE_DIR}/build/ccache"
+            "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE_PROGRAM}")
+    endif()
+endif()
+
 add_compile_options(
     -Wall -Wextra -Wpedantic
     # A desktop with fused multiply-add must compute what the terminal's processor computes.
