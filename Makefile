@@ -20,20 +20,22 @@ FUZZ_SECONDS ?= 600
 FUZZ_TARGETS ?=
 FUZZ_JOBS ?= 1
 
-.PHONY: help run test test-arm asan tsan valgrind coverage mutation tidy bench fuzz docs install clean
+.PHONY: help run test test-arm soak check-all asan tsan valgrind coverage mutation tidy bench fuzz docs install clean
 .DEFAULT_GOAL := help
 
 help:
 	@echo 'make run      build the terminal and start it with the sample plug-ins on a simulated scale;'
 	@echo '              without a display it plays a short demonstration and leaves screenshots'
 	@echo 'make test     build everything and run all tests'
-	@echo 'make test-arm run the tests of the library and the test kit on 32-bit ARM, in an emulator'
+	@echo 'make test-arm run the tests of the library and scripts of the terminal on 32-bit ARM, in an emulator'
+	@echo 'make soak     run the tests that take long by design'
 	@echo 'make asan     run all tests with the address, leak and undefined-behaviour sanitizers'
 	@echo 'make tsan     run the tests of the library and the test kit with the thread sanitizer'
 	@echo 'make valgrind run the tests of life cycles under valgrind'
 	@echo 'make tidy     analyse the sources with clang-tidy and clazy, the scripts with shellcheck'
 	@echo 'make coverage run the tests of the library, and fail when they leave out more of it than is known'
 	@echo 'make mutation make small mistakes in the library, and fail when the tests overlook a new one'
+	@echo 'make check-all  everything that is too slow for every change: see CONTRIBUTING.md'
 	@echo 'make bench    build and run the benchmarks; a table compares them with limits, peers and goals'
 	@echo 'make fuzz     build and run the fuzzers; a table tells what they did and what they found'
 	@echo 'make docs     write the reference and the guides as HTML'
@@ -66,6 +68,24 @@ test-arm:
 	@if [ -x build/dev/bin/results ]; then \
 		cmake --build --preset dev --parallel $(JOBS) --target results && ctest --preset dev -R '^results$$' || true; fi
 	ctest --preset arm --parallel $(JOBS) $(TEST_ARGS)
+
+soak:
+	$(SETUP) --group test
+	cmake --preset dev
+	cmake --build --preset dev --parallel $(JOBS)
+	ctest --preset dev -C soak -L soak $(TEST_ARGS)
+
+# One after the other, the quick ones first: each uses all processors.
+check-all:
+	$(MAKE) tidy
+	$(MAKE) tsan
+	$(MAKE) coverage
+	$(MAKE) soak
+	$(MAKE) test-arm
+	ctest --test-dir build/arm/build --output-on-failure --parallel $(JOBS) -L exhaustive
+	$(MAKE) valgrind
+	$(MAKE) mutation
+	$(MAKE) fuzz
 
 asan:
 	$(SETUP) --group test
