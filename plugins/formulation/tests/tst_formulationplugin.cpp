@@ -467,7 +467,8 @@ void TestFormulationPlugin::fillsTheResult()
 {
     beginBatch();
     weighIn(0, 299.5);
-    WorkflowScreen screen(nullptr, 0, nullptr, QString(), 0);
+    WorkflowScreen::ScreenTexte texts;
+    WorkflowScreen screen(nullptr, 0, &texts, QString(), 0);
     function("formulation.weigh")->prepareResultForScreen(99.5, &screen);
     QCOMPARE(screen.getResult1()->info(), QStringLiteral("Weighed in"));
     QCOMPARE(screen.getResult1()->value(), QStringLiteral("99.5"));
