@@ -104,7 +104,7 @@ void PluginFaults::onPluginFault(const QString& text, int count)
         return;
     }
     if (isPowerOfTen(count))
-        QLOG_ERROR().noquote() << QStringLiteral("%1, %2 times: %3").arg(name).arg(count).arg(text);
+        QLOG_ERROR().noquote() << QStringLiteral("%1, %2 times: %3").arg(name, QString::number(count), text);
     // A notice that the person has put away does not come back.
     if (text == m_toldFault && m_instrument.noticeText() == text)
         m_instrument.setNoticeCount(count);

@@ -92,8 +92,7 @@ StoredParameters::StoredParameters(const QString& file)
             QCoreApplication::translate("Brimvale::Terminal::StoredParameters",
                                         "The stored parameters in %1 have more than %2 bytes: this is no "
                                         "settings file of the terminal. Move it away.")
-                .arg(file)
-                .arg(MaximumSize);
+                .arg(file, QString::number(MaximumSize));
         return;
     }
     m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);

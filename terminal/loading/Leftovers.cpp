@@ -87,9 +87,9 @@ QString workOf(QObject* object, bool isOwn)
     if (object->thread() != QThread::currentThread())
         return QString();
     const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(object);
-    return timers.isEmpty()
-               ? QString()
-               : QStringLiteral("timer %1 of %2 ms").arg(described(object)).arg(timers.first().interval);
+    return timers.isEmpty() ? QString()
+                            : QStringLiteral("timer %1 of %2 ms")
+                                  .arg(described(object), QString::number(timers.first().interval));
 }
 
 } // namespace

@@ -449,8 +449,7 @@ std::optional<Script> Script::load(const QString& fileName, QStringList* errors)
     const QByteArray content = file.read(MaximumSize + 1);
     if (content.size() > MaximumSize) {
         errors->append(QStringLiteral("%1: the file is larger than %2 bytes; cut the script into parts")
-                           .arg(fileName)
-                           .arg(MaximumSize));
+                           .arg(fileName, QString::number(MaximumSize)));
         return std::nullopt;
     }
     if (file.error() != QFileDevice::NoError) {

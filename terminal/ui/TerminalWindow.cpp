@@ -44,6 +44,7 @@ namespace
 
 const int s_pendingTimeout = 2000; // ms that grab() waits for images and loaders
 const int s_statusLoading = 2;     // Image.Loading and Loader.Loading
+constexpr int MaximumQmlWarnings = 100;
 
 void setError(QString* error, const QString& text)
 {
@@ -447,7 +448,9 @@ void TerminalWindow::onContextObjectDestroyed(const QString& name)
 void TerminalWindow::onQmlWarnings(const QList<QQmlError>& warnings)
 {
     for (const QQmlError& warning : warnings) {
-        m_qmlWarnings.append(warning.toString());
+        // A screen that warns at every reading must not fill the memory.
+        if (m_qmlWarnings.size() < MaximumQmlWarnings)
+            m_qmlWarnings.append(warning.toString());
     }
 }
 
