@@ -226,6 +226,7 @@ private slots:
     void keepsPermissions();
     void permissionsThatCannotBeSetDoNotMatter();
     void replacesFile();
+    void copiesFromAnotherFileSystem();
     void missingSource();
     void failedRemovalAndFailedCopy();
     void refusesCopyOntoItself_data();
@@ -549,6 +550,16 @@ void tst_FileUtils::replacesFile()
     QVERIFY(write(at("copy"), "old and longer"));
     QVERIFY(m_files.CopyFileOverwrite(at("source"), at("copy")));
     QCOMPARE(read(at("copy")), QByteArray("new"));
+}
+
+void tst_FileUtils::copiesFromAnotherFileSystem()
+{
+    const QString source = QStringLiteral("/proc/version");
+    const QByteArray content = read(source);
+    QVERIFY(!content.isEmpty());
+    QVERIFY(write(at("copy"), "old"));
+    QVERIFY(m_files.CopyFileOverwrite(source, at("copy")));
+    QCOMPARE(read(at("copy")), content);
 }
 
 void tst_FileUtils::missingSource()
@@ -1012,8 +1023,12 @@ void tst_FileUtils::copyEndsInCircle()
 
     QVERIFY(!m_files.copyRecursively(at(source), at(destination)));
     QVERIFY(treeOf(at(destination)).size() <= 1);
+    const LogRecorder log(QsLogging::TraceLevel);
     QVERIFY(!m_files.CopyRecursivelyOverwrite(at(source), at(destination), {}));
     QVERIFY(treeOf(at(destination)).size() <= 1);
+    // The directory that would be entered again.
+    QVERIFY(
+        log.lines().last().startsWith(QStringLiteral("TRACE could not copy file  \"%1/").arg(at(source))));
 }
 
 void tst_FileUtils::copiesTreeOverAnother()
