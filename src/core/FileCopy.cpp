@@ -23,6 +23,7 @@ namespace
 {
 
 constexpr mode_t PermissionBits = 0777;
+constexpr mode_t ResourcePermissions = 0444;
 
 class FileDescriptor
 {
@@ -203,26 +204,6 @@ bool makeFile(const QByteArray& name, mode_t permissions, Write write)
     return publishNamed(temporary, name);
 }
 
-/// The permission bits of a file that only Qt knows.
-mode_t permissionsOf(const QFile& file)
-{
-    const QFile::Permissions permissions = file.permissions();
-    mode_t mode = 0;
-    const auto add = [&](QFile::Permission permission, mode_t bit) {
-        mode |= permissions.testFlag(permission) ? bit : 0;
-    };
-    add(QFile::ReadOwner, S_IRUSR);
-    add(QFile::WriteOwner, S_IWUSR);
-    add(QFile::ExeOwner, S_IXUSR);
-    add(QFile::ReadGroup, S_IRGRP);
-    add(QFile::WriteGroup, S_IWGRP);
-    add(QFile::ExeGroup, S_IXGRP);
-    add(QFile::ReadOther, S_IROTH);
-    add(QFile::WriteOther, S_IWOTH);
-    add(QFile::ExeOther, S_IXOTH);
-    return mode;
-}
-
 /// A path for the system; empty when a null character would end it early.
 QByteArray nativePath(const QString& path)
 {
@@ -258,7 +239,7 @@ bool copyFile(const QString& source, const FileIdentity& status, const QString& 
     if (!status.exists) {
         // A resource, or nothing.
         QFile file(source);
-        return file.open(QIODevice::ReadOnly) && makeFile(to, permissionsOf(file), [&file](int descriptor) {
+        return file.open(QIODevice::ReadOnly) && makeFile(to, ResourcePermissions, [&file](int descriptor) {
                    return file.seek(0) && copyContent(file, descriptor);
                });
     }

@@ -226,6 +226,7 @@ private slots:
     void keepsPermissions();
     void permissionsThatCannotBeSetDoNotMatter();
     void replacesFile();
+    void survivesShrinkingSource();
     void copiesFromAnotherFileSystem();
     void missingSource();
     void failedRemovalAndFailedCopy();
@@ -550,6 +551,25 @@ void tst_FileUtils::replacesFile()
     QVERIFY(write(at("copy"), "old and longer"));
     QVERIFY(m_files.CopyFileOverwrite(at("source"), at("copy")));
     QCOMPARE(read(at("copy")), QByteArray("new"));
+}
+
+// What is left of it is copied.
+void tst_FileUtils::survivesShrinkingSource()
+{
+    const QByteArray content = longContent(40000);
+    QVERIFY(write(at("source"), content));
+    SystemCalls::setLargestStep(9000);
+    int steps = 0;
+    {
+        const SystemCalls::Watching watching([&](const SystemCalls::Call& call) {
+            if (std::strcmp(call.name, "copy_file_range") == 0 && ++steps == 3)
+                return ::truncate(native(at("source")).constData(), 18000);
+            return 0;
+        });
+        QVERIFY(m_files.CopyFileOverwrite(at("source"), at("copy")));
+    }
+    QVERIFY(steps >= 3);
+    QCOMPARE(read(at("copy")), content.left(18000));
 }
 
 void tst_FileUtils::copiesFromAnotherFileSystem()
