@@ -232,6 +232,7 @@ private slots:
     void failedRemovalAndFailedCopy();
     void refusesCopyOntoItself_data();
     void refusesCopyOntoItself();
+    void refusesCopyOntoItselfAcrossMount();
     void replacesOtherNameOfSource_data();
     void replacesOtherNameOfSource();
     void doesNotReplaceDirectory();
@@ -652,6 +653,29 @@ void tst_FileUtils::refusesCopyOntoItself()
              QStringList(
                  {QStringLiteral("TRACE FileUtils::CopyFileOverwrite, failed to copy  %1 ").arg(at(source)),
                   QStringLiteral("TRACE could not copy file  \"%1\" ").arg(at(source))}));
+}
+
+// A directory that is mounted a second time: the same file under two paths, neither of which is a link.
+void tst_FileUtils::refusesCopyOntoItselfAcrossMount()
+{
+    if (::geteuid() != 0)
+        QSKIP("mounting a directory needs the rights of root");
+    QVERIFY(QDir().mkdir(at("place")) && QDir().mkdir(at("other place")));
+    QVERIFY(write(at("place/file"), "content"));
+    const QString notMounted = QStringLiteral("not mounted: ");
+    const QStringList results = inChild([&]() -> QStringList {
+        if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0
+            || ::mount(native(at("place")).constData(), native(at("other place")).constData(), nullptr,
+                       MS_BIND, nullptr)
+                   != 0)
+            return {notMounted + QString::fromLocal8Bit(std::strerror(errno))};
+        return {textOf(m_files.CopyFileOverwrite(at("place/file"), at("other place/file"))),
+                QString::fromUtf8(read(at("other place/file")))};
+    });
+    if (results.value(0).startsWith(notMounted))
+        QSKIP(qPrintable(results.value(0)));
+    QCOMPARE(results, QStringList({QStringLiteral("false"), QStringLiteral("content")}));
+    QCOMPARE(read(at("place/file")), QByteArray("content"));
 }
 
 void tst_FileUtils::replacesOtherNameOfSource_data()

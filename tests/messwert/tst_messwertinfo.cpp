@@ -233,6 +233,7 @@ private slots:
     void stabilityIndicatorIsHiddenByMinusOneOnly();
     void loadingKeepsTheRecord();
     void recordIsNotKept();
+    void pointerTypeIsRegisteredByItsPlainName();
 
 private:
     std::unique_ptr<MesswertInfo> m_info;
@@ -555,6 +556,12 @@ void TestMesswertInfo::recordIsNotKept()
     record->messwert[0] = QLatin1Char('0');
     record.reset();
     QCOMPARE(m_info->messwert(), QStringLiteral("98.7"));
+}
+
+void TestMesswertInfo::pointerTypeIsRegisteredByItsPlainName()
+{
+    QVERIFY(QMetaType::type("MesswertInfo*") != QMetaType::UnknownType);
+    QCOMPARE(QMetaType::type("MesswertInfo*"), qMetaTypeId<MesswertInfo*>());
 }
 
 QTEST_APPLESS_MAIN(TestMesswertInfo)

@@ -45,6 +45,7 @@ private slots:
     void setterOfTheSameValueSignalsNothing_data() { setterStoresAndSignalsOnce_data(); }
     void setterOfTheSameValueSignalsNothing();
     void nullTextIsTheEmptyText();
+    void receiverSeesTheNewValue_data() { setterStoresAndSignalsOnce_data(); }
     void receiverSeesTheNewValue();
     void eachFlagIsStoredInItsPlace_data();
     void eachFlagIsStoredInItsPlace();
@@ -148,10 +149,17 @@ void TestInfoboxListItem::nullTextIsTheEmptyText()
 
 void TestInfoboxListItem::receiverSeesTheNewValue()
 {
-    QString seen;
-    connect(m_item.get(), &InfoboxListItem::itemValueChanged, this, [&] { seen = m_item->itemValue(); });
-    m_item->setItemValue(QStringLiteral("new"));
-    QCOMPARE(seen, QStringLiteral("new"));
+    QFETCH(Change, change);
+    QFETCH(int, index);
+    QVariant seen;
+    for (const auto changed :
+         {&InfoboxListItem::itemGroupTitleChanged, &InfoboxListItem::itemValueTitleChanged,
+          &InfoboxListItem::itemValueChanged, &InfoboxListItem::isGroupTitleBoldChanged,
+          &InfoboxListItem::isItemValueRightAlignedChanged, &InfoboxListItem::isItemValueInvalidChanged}) {
+        connect(m_item.get(), changed, this, [&] { seen = valuesOf(*m_item).at(index); });
+    }
+    change(*m_item);
+    QTEST(seen, "value");
 }
 
 void TestInfoboxListItem::eachFlagIsStoredInItsPlace_data()

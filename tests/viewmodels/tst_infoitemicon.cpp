@@ -44,6 +44,7 @@ private slots:
     void setterOfTheSameValueSignalsNothing_data() { setterStoresAndSignalsOnce_data(); }
     void setterOfTheSameValueSignalsNothing();
     void nullTextIsTheEmptyText();
+    void receiverSeesTheNewValue_data() { setterStoresAndSignalsOnce_data(); }
     void receiverSeesTheNewValue();
     void screenReadsEveryProperty_data();
     void screenReadsEveryProperty();
@@ -129,10 +130,15 @@ void TestInfoItemIcon::nullTextIsTheEmptyText()
 
 void TestInfoItemIcon::receiverSeesTheNewValue()
 {
-    QString seen;
-    connect(m_item.get(), &InfoItemIcon::unitChanged, this, [&] { seen = m_item->unit(); });
-    m_item->setUnit(QStringLiteral("new"));
-    QCOMPARE(seen, QStringLiteral("new"));
+    QFETCH(Change, change);
+    QFETCH(int, index);
+    QVariant seen;
+    for (const auto changed :
+         {&InfoItemIcon::valueChanged, &InfoItemIcon::unitChanged, &InfoItemIcon::imageChanged}) {
+        connect(m_item.get(), changed, this, [&] { seen = valuesOf(*m_item).at(index); });
+    }
+    change(*m_item);
+    QTEST(seen, "value");
 }
 
 void TestInfoItemIcon::screenReadsEveryProperty_data()

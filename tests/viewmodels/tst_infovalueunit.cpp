@@ -44,6 +44,7 @@ private slots:
     void setterOfTheSameValueSignalsNothing_data() { setterStoresAndSignalsOnce_data(); }
     void setterOfTheSameValueSignalsNothing();
     void nullTextIsTheEmptyText();
+    void receiverSeesTheNewValue_data() { setterStoresAndSignalsOnce_data(); }
     void receiverSeesTheNewValue();
     void visibilityGoesBothWays();
     void screenReadsEveryProperty_data();
@@ -132,10 +133,15 @@ void TestInfoValueUnit::nullTextIsTheEmptyText()
 
 void TestInfoValueUnit::receiverSeesTheNewValue()
 {
-    QString seen;
-    connect(m_item.get(), &InfoValueUnit::infoChanged, this, [&] { seen = m_item->info(); });
-    m_item->setInfo(QStringLiteral("new"));
-    QCOMPARE(seen, QStringLiteral("new"));
+    QFETCH(Change, change);
+    QFETCH(int, index);
+    QVariant seen;
+    for (const auto changed : {&InfoValueUnit::visibleChanged, &InfoValueUnit::infoChanged,
+                               &InfoValueUnit::valueChanged, &InfoValueUnit::unitChanged}) {
+        connect(m_item.get(), changed, this, [&] { seen = valuesOf(*m_item).at(index); });
+    }
+    change(*m_item);
+    QTEST(seen, "value");
 }
 
 void TestInfoValueUnit::visibilityGoesBothWays()

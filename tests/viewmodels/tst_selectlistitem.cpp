@@ -45,6 +45,7 @@ private slots:
     void setterOfTheSameValueSignalsNothing_data() { setterStoresAndSignalsOnce_data(); }
     void setterOfTheSameValueSignalsNothing();
     void nullTextIsTheEmptyText();
+    void receiverSeesTheNewValue_data() { setterStoresAndSignalsOnce_data(); }
     void receiverSeesTheNewValue();
     void itemWithoutValuesIsEmpty();
     void parentOwnsAnItemWithoutValues();
@@ -147,10 +148,18 @@ void TestSelectListItem::nullTextIsTheEmptyText()
 
 void TestSelectListItem::receiverSeesTheNewValue()
 {
-    QString seen;
-    connect(m_item.get(), &SelectListItem::nameChanged, this, [&] { seen = m_item->name(); });
-    m_item->setName(QStringLiteral("new"));
-    QCOMPARE(seen, QStringLiteral("new"));
+    QFETCH(Change, change);
+    QFETCH(int, index);
+    QFETCH(QVariant, value);
+    QFETCH(QStringList, emitted);
+    QVariant seen;
+    for (const auto changed : {&SelectListItem::nameChanged, &SelectListItem::dateChanged,
+                               &SelectListItem::additionalInformationChanged,
+                               &SelectListItem::selectedChanged, &SelectListItem::isProtectedChanged}) {
+        connect(m_item.get(), changed, this, [&] { seen = valuesOf(*m_item).at(index); });
+    }
+    change(*m_item);
+    QCOMPARE(seen, emitted.isEmpty() ? QVariant() : value);
 }
 
 void TestSelectListItem::itemWithoutValuesIsEmpty()

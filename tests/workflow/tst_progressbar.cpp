@@ -178,8 +178,11 @@ void TestProgressbar::modelSignalsChangesOnly()
         list.append(&objects[index]);
     for (const int index : before)
         m_list.append(&objects[index]);
+    QList<QObject*> seen = list;
+    connect(m_bar.get(), &Progressbar::modelChanged, this, [&] { seen = m_bar->model(); });
     m_bar->setModel(list);
     QCOMPARE(m_bar->model(), list);
+    QCOMPARE(seen, list);
     QCOMPARE(m_bar->steps(), 0); // steps are those that were set
     BRIMVALE_COMPARE_CALLS(*m_signals,
                            changed ? QStringList(QStringLiteral("modelChanged()")) : QStringList());
