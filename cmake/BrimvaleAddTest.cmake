@@ -15,7 +15,11 @@ set(BRIMVALE_TEST_ENVIRONMENT
 
 if(CMAKE_CROSSCOMPILING)
     # Tests leave out what an emulator cannot do.
-    list(APPEND BRIMVALE_TEST_ENVIRONMENT "BRIMVALE_EMULATED=1")
+    list(APPEND BRIMVALE_TEST_ENVIRONMENT "BRIMVALE_EMULATED=1"
+        # What takes a moment on a terminal takes long here.
+        "BRIMVALE_BLOCKED_LIMIT_MS=600000"
+        # The search for QML modules does not follow the emulator into the sysroot.
+        "QML2_IMPORT_PATH=${CMAKE_SYSROOT}/usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/qt5/qml")
 endif()
 
 set(BRIMVALE_TEST_TIMEOUT_FACTOR 1 CACHE STRING "What time-outs of tests are multiplied by, where an instrument slows them")

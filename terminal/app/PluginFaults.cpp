@@ -23,6 +23,14 @@ bool isPowerOfTen(int count)
     return count == 1;
 }
 
+/// A machine that is much slower than a terminal, such as an emulated one, needs another limit.
+int blockedLimitMs()
+{
+    bool isNumber = false;
+    const int limit = qEnvironmentVariableIntValue("BRIMVALE_BLOCKED_LIMIT_MS", &isNumber);
+    return isNumber && limit > 0 ? limit : LoopWatch::DefaultLimitMs;
+}
+
 } // namespace
 
 PluginFaults::PluginFaults(Host& host, InstrumentModel& instrument, const QString& crashNote, QObject* parent)
@@ -30,6 +38,7 @@ PluginFaults::PluginFaults(Host& host, InstrumentModel& instrument, const QStrin
     , m_host(host)
     , m_instrument(instrument)
     , m_crashNote(crashNote)
+    , m_loopWatch(blockedLimitMs())
 {
     PluginManager* const plugins = &host.plugins();
     connect(&host.notices(), &Notices::pluginFault, this, &PluginFaults::onPluginFault);
