@@ -91,7 +91,7 @@ std::any checkedAnswer(const QString& key, const std::any& answer)
     const Operation& operation = checkedOperation(key);
     if (operation.answerType.isEmpty())
         refuse(QStringLiteral("%1 returns nothing, it cannot be answered.").arg(operationOf(key)));
-    const std::any converted = operation.convertAnswer(answer);
+    std::any converted = operation.convertAnswer(answer);
     if (!converted.has_value()) {
         QString message = QStringLiteral("%1 returns %2, the answer given is of type %3.")
                               .arg(operationOf(key), operation.answerType, answerTypeName(answer));

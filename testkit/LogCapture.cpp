@@ -54,9 +54,9 @@ public:
         if (!m_isOpen)
             return;
         const QString text = message.endsWith(QLatin1Char(' ')) ? message.left(message.size() - 1) : message;
-        m_lines.append(levelName(level) + QLatin1String(": ") + text);
+        m_lines.append(levelName(level) + QStringLiteral(": ") + text);
         if (m_noteInHost && QThread::currentThread() == m_thread)
-            m_noteInHost(QLatin1String("log ") + m_lines.last());
+            m_noteInHost(QStringLiteral("log ") + m_lines.last());
     }
 
     QStringList lines() const

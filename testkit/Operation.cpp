@@ -230,7 +230,7 @@ QMap<QString, Operation> makeOperations()
 #undef OPERATION
 
     const auto addLabelled = [&map](const QString& interfaceName, const QString& label) {
-        const QString prefix = interfaceName + QLatin1String("::");
+        const QString prefix = interfaceName + QStringLiteral("::");
         const QMap<QString, Operation> known = map;
         for (auto it = known.lowerBound(prefix); it != known.constEnd() && it.key().startsWith(prefix); ++it)
             map.insert(interfaceName + QLatin1Char('#') + label + it.key().mid(interfaceName.size()),

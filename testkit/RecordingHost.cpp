@@ -148,7 +148,7 @@ QStringList RecordingHost::calls() const
 
 QStringList RecordingHost::takeCalls()
 {
-    const QStringList taken = calls();
+    QStringList taken = calls();
     clearCalls();
     return taken;
 }

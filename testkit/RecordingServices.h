@@ -330,7 +330,8 @@ private:
     template <typename Result = void, typename... Arguments>
     Result call(const char* operation, const Arguments&... arguments)
     {
-        return m_recorder.call<Result>(m_name + QLatin1String("::") + QLatin1String(operation), arguments...);
+        return m_recorder.call<Result>(m_name + QStringLiteral("::") + QLatin1String(operation),
+                                       arguments...);
     }
 
     /// The host defines what a list model is; here there is only its address.

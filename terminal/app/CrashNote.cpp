@@ -35,7 +35,7 @@ char s_stack[1 << 16]; // that of the thread may be what is used up
 
 void writeText(int descriptor, const char* text)
 {
-    const ssize_t written = write(descriptor, text, strlen(text));
+    const ssize_t written = ::write(descriptor, text, strlen(text));
     static_cast<void>(written); // nothing is left to be done
 }
 

@@ -150,7 +150,8 @@ private:
         printLine(
             QStringLiteral("  %1%2").arg(QString::fromLatin1(step).leftJustified(7),
                                          ok ? QStringLiteral("ok") + result : QStringLiteral("FAILED")));
-        for (const QString& text : m_faults + m_remarks)
+        const QStringList texts = m_faults + m_remarks;
+        for (const QString& text : texts)
             printLine(QStringLiteral("    ")
                       + QString(text).replace(QLatin1Char('\n'), QStringLiteral("\n    ")));
         m_faults.clear();

@@ -39,7 +39,7 @@ void logMessage(QtMsgType type, const QMessageLogContext& context, const QString
     if (QsLogging::Logger::instance().loggingLevel() > level)
         return;
     const bool named = context.category && qstrcmp(context.category, "default") != 0;
-    const QString category = named ? QString::fromLatin1(context.category) + QLatin1String(": ") : QString();
+    const QString category = named ? QString::fromLatin1(context.category) + QStringLiteral(": ") : QString();
     QsLogging::Logger::Helper(level).stream().noquote() << category + message;
 }
 

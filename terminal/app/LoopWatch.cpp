@@ -19,7 +19,7 @@ namespace
 /// How often it looks within the limit.
 constexpr int LooksPerLimit = 10;
 /// A look that comes so many times too late shows that the whole process stood still.
-constexpr int StandstillLooks = 4;
+constexpr qint64 StandstillLooks = 4;
 
 } // namespace
 
@@ -80,7 +80,7 @@ void LoopWatch::watch()
         QLOG_WARN().noquote() << QStringLiteral("the event loop has been held up for %1 s by %2%3. It goes "
                                                 "on when that comes back; until then only SIGTERM or Ctrl+C, "
                                                 "twice, ends the terminal")
-                                     .arg(since.elapsed() / 1000.0, 0, 'f', 1)
+                                     .arg(static_cast<double>(since.elapsed()) / 1000.0, 0, 'f', 1)
                                      .arg(what,
                                           library.isEmpty() ? QString() : QStringLiteral(" in ") + library);
         lock.lock();

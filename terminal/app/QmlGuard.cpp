@@ -20,7 +20,12 @@ namespace Terminal
 namespace
 {
 
-QmlGuard::Report s_report;
+/// Never destroyed: objects are called until the process has ended.
+QmlGuard::Report& activeReport()
+{
+    static auto& report = *new QmlGuard::Report;
+    return report;
+}
 
 /// The addresses of the library that an address lies in.
 struct Range
@@ -64,7 +69,7 @@ bool isQmlEngine(const void* caller)
 
 void QmlGuard::setReport(Report report)
 {
-    s_report = std::move(report);
+    activeReport() = std::move(report);
 }
 
 } // namespace Terminal
@@ -77,12 +82,12 @@ int QMetaObject::metacall(QObject* object, Call call, int index, void** argument
     using Metacall = int (*)(QObject*, Call, int, void**);
     static const auto original =
         reinterpret_cast<Metacall>(dlsym(RTLD_NEXT, "_ZN11QMetaObject8metacallEP7QObjectNS_4CallEiPPv"));
-    if (!s_report || !isQmlEngine(__builtin_return_address(0)))
+    if (!activeReport() || !isQmlEngine(__builtin_return_address(0)))
         return original(object, call, index, arguments);
     const QPointer<QObject> guarded(object);
     int result = -1;
     const auto exception = exceptionOf([&] { result = original(object, call, index, arguments); });
     if (exception)
-        s_report(guarded, *exception);
+        activeReport()(guarded, *exception);
     return result;
 }

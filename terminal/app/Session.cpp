@@ -377,8 +377,9 @@ void Session::connectProtocol()
     });
     connect(model, &ProtocolModel::triggerStepped, this, [protocol](int step) {
         ProtocolChoice choice = protocol->choice();
+        const QVector<ProtocolTriggerEntry> triggers = protocol->triggers();
         QVector<QString> uids;
-        for (const ProtocolTriggerEntry& trigger : protocol->triggers())
+        for (const ProtocolTriggerEntry& trigger : triggers)
             uids.append(trigger.uid);
         choice.trigger = stepped(uids, choice.trigger, step);
         protocol->setChoice(choice);
@@ -394,12 +395,14 @@ void Session::updateProtocol()
     const Protocol& protocol = m_host->protocol();
     const ProtocolChoice& choice = protocol.choice();
     model->setOperatorName(m_host->protocol().terminalItems().operatorName());
+    const QVector<ProtocolEntry> entries = protocol.entries();
     QVector<ProtocolRow> rows;
-    for (const ProtocolEntry& entry : protocol.entries())
+    for (const ProtocolEntry& entry : entries)
         rows.append({entry.uid, entry.name, entry.section, entry.chosen});
     model->setRows(rows);
     QString trigger = tr("Not offered: %1").arg(choice.trigger);
-    for (const ProtocolTriggerEntry& entry : protocol.triggers()) {
+    const QVector<ProtocolTriggerEntry> triggers = protocol.triggers();
+    for (const ProtocolTriggerEntry& entry : triggers) {
         if (entry.uid == choice.trigger)
             trigger = entry.name;
     }
@@ -663,7 +666,8 @@ bool Session::prepare(QStringList* errors)
     if (m_settings && m_settings->contains(PositionKey) && m_window.window()) {
         const QPoint position = m_settings->value(PositionKey).toPoint();
         const QSize size = m_window.size();
-        for (const QScreen* screen : QGuiApplication::screens()) {
+        const QList<QScreen*> screens = QGuiApplication::screens();
+        for (const QScreen* screen : screens) {
             if (screen->availableGeometry().contains(QRect(position, size)))
                 m_window.window()->setPosition(position);
         }
@@ -715,8 +719,9 @@ bool Session::start()
         const int index = plugins.indexOf(m_options.startId);
         started = index >= 0 && startPlugin(index);
         if (index < 0) {
+            const QVector<PluginInfo> infos = plugins.plugins();
             QStringList ids;
-            for (const PluginInfo& plugin : plugins.plugins())
+            for (const PluginInfo& plugin : infos)
                 ids.append(plugin.identifier);
             reportError(
                 tr("There is no plug-in \"%1\" to start. Loaded are: %2.")

@@ -21,7 +21,7 @@ void handleSignal(int signalNumber)
     const int savedErrno = errno;
     const auto byte = static_cast<unsigned char>(signalNumber);
     // A full or closed pipe leaves nothing to be done.
-    const ssize_t written = write(s_writeEnd, &byte, 1);
+    const ssize_t written = ::write(s_writeEnd, &byte, 1);
     static_cast<void>(written);
     errno = savedErrno;
 }

@@ -110,7 +110,7 @@ void ActionBar::AddAction(IAction* action)
             tr("An action that is no QObject was not added to the action bar. Derive it from ActionBase."));
         return;
     }
-    for (const Item& item : m_items) {
+    for (const Item& item : qAsConst(m_items)) {
         if (item.action == action) {
             return;
         }
@@ -119,7 +119,7 @@ void ActionBar::AddAction(IAction* action)
     item.action = action;
     item.object = object;
     read(item);
-    for (const Item& other : m_items) {
+    for (const Item& other : qAsConst(m_items)) {
         if (other.state.uid == item.state.uid) {
             m_notices.post(
                 NoticeSeverity::Warning,

@@ -31,8 +31,9 @@ QString nullText()
 
 QString quoted(const QString& value)
 {
+    const QString shown = value.left(HostCallLog::MaximumTextLength);
     QString text = QStringLiteral("\"");
-    for (const QChar character : value.left(HostCallLog::MaximumTextLength)) {
+    for (const QChar character : shown) {
         switch (character.unicode()) {
         case '"':
             text += QLatin1String("\\\"");
@@ -178,7 +179,7 @@ QString HostCallLog::toText(const MesswertData& value)
     if (text.isEmpty()) {
         text = value.unit.isEmpty() ? value.messwert : value.messwert + QLatin1Char(' ') + value.unit;
     }
-    return QLatin1String("MesswertData(") + quoted(text) + QLatin1Char(')');
+    return QStringLiteral("MesswertData(") + quoted(text) + QLatin1Char(')');
 }
 
 QString HostCallLog::text(const char* operation, const QStringList& arguments)

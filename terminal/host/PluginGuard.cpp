@@ -36,9 +36,9 @@ QString currentExceptionText()
     try {
         throw;
     } catch (const ProjectException& exception) {
-        return type + QLatin1String(": ") + exception.Message();
+        return type + QStringLiteral(": ") + exception.Message();
     } catch (const std::exception& exception) {
-        return type + QLatin1String(": ") + QString::fromLocal8Bit(exception.what());
+        return type + QStringLiteral(": ") + QString::fromLocal8Bit(exception.what());
     } catch (...) {
         return type; // what it says is not known: it has no common base
     }

@@ -27,7 +27,7 @@ class StoredParameters
 {
 public:
     /// @param file the INI file, which need not exist; empty keeps the values in memory.
-    static constexpr qint64 MaximumSize = 16 * 1024 * 1024; ///< Bytes of the file.
+    static constexpr qint64 MaximumSize = Q_INT64_C(16) * 1024 * 1024; ///< Bytes of the file.
 
     explicit StoredParameters(const QString& file);
     ~StoredParameters();

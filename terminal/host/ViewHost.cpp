@@ -76,7 +76,7 @@ void ViewHost::LoadScreen(QString path)
 QUrl ViewHost::screenUrl(const QString& path, const QString& folder)
 {
     if (path.startsWith(QLatin1String(":/"))) {
-        return QUrl(QLatin1String("qrc") + path);
+        return QUrl(QStringLiteral("qrc") + path);
     }
     if (path.startsWith(QLatin1String("qrc:")) || path.startsWith(QLatin1String("file:"))) {
         return QUrl(path);

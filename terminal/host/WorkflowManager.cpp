@@ -58,7 +58,8 @@ void WorkflowManager::AbortWorkflow()
 void WorkflowManager::clear()
 {
     m_runner.abort();
-    for (IStepFunction* const function : stepFunctions()) {
+    const QList<IStepFunction*> functions = stepFunctions();
+    for (IStepFunction* const function : functions) {
         m_stepFunctions.remove(function);
     }
 }

@@ -35,14 +35,20 @@ Callback s_outerAdd = nullptr;
 Callback s_outerRemove = nullptr;
 std::recursive_mutex s_mutex; // objects are made by any thread
 int s_start = 0;              ///< The start of the plug-in that is at work; 0: none is.
-std::unordered_map<QObject*, int> s_objects;
+
+/// The objects made since, each with its start. Never destroyed: exit() leaves the hooks in, and objects still go.
+std::unordered_map<QObject*, int>& madeObjects()
+{
+    static auto& objects = *new std::unordered_map<QObject*, int>;
+    return objects;
+}
 
 void onAdded(QObject* object)
 {
     {
         const std::lock_guard<std::recursive_mutex> lock(s_mutex);
         if (s_start != 0)
-            s_objects.emplace(object, s_start);
+            madeObjects().emplace(object, s_start);
     }
     if (s_outerAdd)
         s_outerAdd(object);
@@ -52,7 +58,7 @@ void onRemoved(QObject* object)
 {
     {
         const std::lock_guard<std::recursive_mutex> lock(s_mutex);
-        s_objects.erase(object);
+        madeObjects().erase(object);
     }
     if (s_outerRemove)
         s_outerRemove(object);
@@ -112,7 +118,7 @@ Leftovers::~Leftovers()
     qtHookData[RemoveQObject] = reinterpret_cast<quintptr>(s_outerRemove);
     const std::lock_guard<std::recursive_mutex> lock(s_mutex);
     s_start = 0;
-    s_objects.clear();
+    madeObjects().clear();
 }
 
 int Leftovers::begin()
@@ -133,7 +139,7 @@ Remains Leftovers::of(int number, const std::function<bool(const QObject*)>& isO
     // Held until the end, so that no object of another thread goes meanwhile.
     const std::lock_guard<std::recursive_mutex> lock(s_mutex);
     QVector<QObject*> objects;
-    for (const auto& [object, start] : s_objects) {
+    for (const auto& [object, start] : madeObjects()) {
         if (start == number)
             objects.append(object);
     }

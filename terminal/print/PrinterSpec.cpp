@@ -40,7 +40,7 @@ bool parseAddress(const QString& text, PrinterSpec* spec, QString* error)
         return true;
     }
     bool ok = false;
-    const uint number = port.mid(1).toUInt(&ok);
+    const uint number = port.midRef(1).toUInt(&ok);
     ok = ok && port.startsWith(QLatin1Char(':')) && number >= 1 && number <= 65535;
     if (!ok)
         *error = QStringLiteral("the port is a number from 1 to 65535, such as tcp:HOST:9100");

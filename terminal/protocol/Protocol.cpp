@@ -391,7 +391,8 @@ void Protocol::followTriggers()
     QObject* const previous = m_running;
     m_running = object;
     const auto exception = exceptionOf([&] {
-        if (auto* const trigger = dynamic_cast<ITrigger*>(previous)) {
+        // A trigger need not name its interface to Qt, so qobject_cast would miss it.
+        if (auto* const trigger = dynamic_cast<ITrigger*>(previous)) { // clazy:exclude=unneeded-cast
             trigger->setRunning(false);
         }
         if (chosen != nullptr) {

@@ -28,7 +28,8 @@ ProtocolItems ProtocolPrinter::collect(ProtocolType type, ProtocolPart part, QSt
     const QVector<ProtocolAreas> areas = areasOf(part);
     for (const ProtocolAreas area : areas) {
         ProtocolItems found;
-        QList<IPrintableItem*> list;
+        // Kept for the next area it would be freed too, by clear().
+        QList<IPrintableItem*> list; // clazy:exclude=container-inside-loop
         for (IPrintableItem* const item : offered) {
             if (taken.contains(item) || !m_source().contains(item)) {
                 continue;

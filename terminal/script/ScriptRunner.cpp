@@ -135,8 +135,9 @@ ScriptRunner::ScriptRunner(Session& session, TimeDriver& driver, const ScriptOut
 bool ScriptRunner::knowsPlugins(const Script& script)
 {
     const PluginManager& plugins = m_session.host().plugins();
+    const QVector<PluginInfo> infos = plugins.plugins();
     QStringList ids;
-    for (const PluginInfo& plugin : plugins.plugins())
+    for (const PluginInfo& plugin : infos)
         ids.append(plugin.identifier);
     bool known = true;
     for (const Statement& statement : script.statements()) {
@@ -585,8 +586,9 @@ ScriptRunner::Outcome ScriptRunner::setProtocol(const Statement& statement)
     case Kind::ProtocolTrigger:
         return setProtocolTrigger(statement.word);
     default: {
+        const QVector<ProtocolEntry> entries = protocol.entries();
         QStringList uids;
-        for (const ProtocolEntry& entry : protocol.entries())
+        for (const ProtocolEntry& entry : entries)
             uids.append(entry.uid);
         if (statement.kind == Kind::ProtocolItems) {
             choice.items = statement.on ? uids : QStringList();
@@ -617,9 +619,10 @@ ScriptRunner::Outcome ScriptRunner::setProtocol(const Statement& statement)
 ScriptRunner::Outcome ScriptRunner::setProtocolTrigger(const QString& uid)
 {
     Protocol& protocol = m_session.host().protocol();
+    const QVector<ProtocolTriggerEntry> triggers = protocol.triggers();
     QStringList uids;
     QString name;
-    for (const ProtocolTriggerEntry& trigger : protocol.triggers()) {
+    for (const ProtocolTriggerEntry& trigger : triggers) {
         uids.append(trigger.uid);
         if (trigger.uid == uid)
             name = trigger.name;
@@ -772,8 +775,9 @@ ScriptRunner::Outcome ScriptRunner::expect(const Statement& statement)
     case Kind::ExpectTransfer:
         return expectText(QStringLiteral("transfer"), statement, m_session.lastTransfer());
     case Kind::ExpectInfo: {
+        const QList<QObject*> items = instrument.infoItems();
         QStringList lines;
-        for (const QObject* item : instrument.infoItems())
+        for (const QObject* item : items)
             lines.append(infoText(item));
         return expectPart(QStringLiteral("info"), statement, lines.join(QStringLiteral("; ")));
     }

@@ -20,9 +20,9 @@ namespace Terminal
 /// What the server allows.
 struct SicsServerLimits
 {
-    int clients = 32;               ///< More connections are refused.
-    qint64 unsentBytes = 64 * 1024; ///< A client that leaves more answers unread is disconnected.
-    int noticePauseMs = 10000;      ///< Time of the clock between two refused() signals.
+    int clients = 32;                          ///< More connections are refused.
+    qint64 unsentBytes = Q_INT64_C(64) * 1024; ///< A client that leaves more answers unread is disconnected.
+    int noticePauseMs = 10000;                 ///< Time of the clock between two refused() signals.
     SicsLimits session;
 };
 

@@ -27,7 +27,7 @@ QUrl InstrumentModel::urlFromPath(const QString& path)
         return QUrl();
     }
     if (path.startsWith(QLatin1String(":/"))) {
-        return QUrl(QLatin1String("qrc") + path);
+        return QUrl(QStringLiteral("qrc") + path);
     }
     if (path.startsWith(QLatin1String("qrc:/")) || path.startsWith(QLatin1String("file:/"))) {
         return QUrl(path);

@@ -262,13 +262,14 @@ private:
     template <typename Value>
     static std::any toAnswer(const Value& value)
     {
-        if constexpr (std::is_same_v<Value, bool> || std::is_same_v<Value, std::nullptr_t>)
-            return value;
-        else if constexpr (std::is_integral_v<Value> || std::is_enum_v<Value>)
+        constexpr bool isKept =
+            std::is_same_v<Value,
+                           bool> || std::is_same_v<Value, std::nullptr_t> || std::is_same_v<Value, QVariant>;
+        if constexpr (!isKept && (std::is_integral_v<Value> || std::is_enum_v<Value>))
             return static_cast<int>(value);
         else if constexpr (std::is_floating_point_v<Value>)
             return static_cast<double>(value);
-        else if constexpr (!std::is_same_v<Value, QVariant> && std::is_convertible_v<Value, Text>)
+        else if constexpr (!isKept && std::is_convertible_v<Value, Text>)
             return Text(value).toString();
         else
             return value;

@@ -23,7 +23,7 @@ class RecordingViewManager : public QObject, public IPluginViewManager
 public:
     /// Made by RecordingHost.
     explicit RecordingViewManager(std::shared_ptr<CallRecorder> recorder);
-    ~RecordingViewManager() override;
+    ~RecordingViewManager() override; // NOLINT(bugprone-exception-escape): as at its definition
 
     void Setup(int mode) override;
 
