@@ -41,25 +41,26 @@ int typeOf(const QArgument<Type>&)
 }
 
 /// Calls `method` on `worker`: directly when the worker lives in the calling thread, otherwise
-/// queued and then without `result`, since a queued call that asks for a result is refused. Returns whether the call
-/// was made or queued; `result` is written only by a direct call. The method and the arguments must not be members of
+/// queued and then without `result`, since a queued call that asks for a result is refused. `result` is written only by a
+/// direct call; a method that does not take the arguments is not called. The method and the arguments must not be members of
 /// an object that the worker may destroy.
 template <typename... Arguments>
-bool invokeWorker(QObject* worker, const QMetaMethod& method, const QGenericReturnArgument& result,
+void invokeWorker(QObject* worker, const QMetaMethod& method, const QGenericReturnArgument& result,
                   const Arguments&... arguments)
 {
     if (!acceptsArguments(worker, method, {typeOf(arguments)...})) {
-        return false;
+        return;
     }
     if (worker->thread() != QThread::currentThread()) {
-        return method.invoke(worker, Qt::QueuedConnection, arguments...);
+        method.invoke(worker, Qt::QueuedConnection, arguments...);
+    } else {
+        method.invoke(worker, Qt::DirectConnection, result, arguments...);
     }
-    return method.invoke(worker, Qt::DirectConnection, result, arguments...);
 }
 
 /// As above for a method that returns a `QVariant`. Any other one is left to the meta-object, which warns.
 template <typename... Arguments>
-bool invokeWorker(QObject* worker, const QMetaMethod& method, QVariant& result, const Arguments&... arguments)
+void invokeWorker(QObject* worker, const QMetaMethod& method, QVariant& result, const Arguments&... arguments)
 {
     // Once the types are known to be right, all that is left of QMetaMethod::invoke() is the call: its other checks
     // cost more than that.
@@ -70,9 +71,9 @@ bool invokeWorker(QObject* worker, const QMetaMethod& method, QVariant& result, 
         && worker->thread() == QThread::currentThread()) {
         void* values[] = {&result, arguments.data()...};
         call(worker, QMetaObject::InvokeMetaMethod, method.methodIndex() - declaring->methodOffset(), values);
-        return true;
+        return;
     }
-    return invokeWorker(worker, method, QGenericReturnArgument(Q_RETURN_ARG(QVariant, result)), arguments...);
+    invokeWorker(worker, method, QGenericReturnArgument(Q_RETURN_ARG(QVariant, result)), arguments...);
 }
 
 } // namespace Brimvale
