@@ -26,7 +26,7 @@ class LoopWatch : public QObject
     Q_DISABLE_COPY(LoopWatch)
 
 public:
-    static constexpr int DefaultLimitMs = 5000;
+    static constexpr int DefaultLimitMs = 4000;
 
     /// To be constructed on the thread of the event loop, when the application object exists.
     explicit LoopWatch(int limitMs = DefaultLimitMs, QObject* parent = nullptr);
