@@ -117,7 +117,7 @@ private:
 
     QString readName(const QJsonObject& object, const QString& path)
     {
-        const QString name = object.value(QStringLiteral("name")).toString().simplified();
+        QString name = object.value(QStringLiteral("name")).toString().simplified();
         if (name.isEmpty()) {
             fault(path + QStringLiteral("/name"), tr("\"name\" must be a text that is not empty"));
         } else if (name.size() > RecipeFile::MaximumNameLength) {

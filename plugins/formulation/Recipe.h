@@ -53,7 +53,7 @@ public:
     static constexpr double MaximumTolerance = 50.0;
     static constexpr int MaximumComponents = 50;
     static constexpr int MaximumNameLength = 200;
-    static constexpr qint64 MaximumSize = 4 * 1024 * 1024;
+    static constexpr qint64 MaximumSize = Q_INT64_C(4) * 1024 * 1024;
 
     QVector<Recipe> recipes;
     QStringList faults; ///< "FILE:LINE: what is wrong and what would be right".

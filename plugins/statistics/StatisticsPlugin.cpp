@@ -35,7 +35,8 @@ const QLatin1String ThresholdSetting("threshold");
 double thresholdGrams(int index)
 {
     static const int Mantissas[] = {1, 2, 5};
-    return Mantissas[index % 3] * qPow(10.0, index / 3) / 1000.0;
+    const int decade = index / 3;
+    return Mantissas[index % 3] * qPow(10.0, decade) / 1000.0;
 }
 
 /// Digits as the detector takes them.

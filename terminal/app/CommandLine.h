@@ -23,7 +23,6 @@ namespace Terminal
 {
 
 /// What a run of the terminal is told on its command line.
-// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): one object, its members by what they are for
 struct Options
 {
     /// How fast the time of the terminal passes.

@@ -32,7 +32,7 @@ QString typeName(const std::type_info* type)
 
 QString currentExceptionText()
 {
-    const QString type = typeName(abi::__cxa_current_exception_type());
+    QString type = typeName(abi::__cxa_current_exception_type());
     try {
         throw;
     } catch (const ProjectException& exception) {

@@ -42,6 +42,7 @@ QByteArray lineOf(const QStringList& fields)
 TransferLog::TransferLog(const QString& file)
     : m_file(file)
 {
+    // NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer): flush() reads it
     m_isActive = flush();
 }
 

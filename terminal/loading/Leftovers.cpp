@@ -69,6 +69,12 @@ bool hasHooks()
     return qtHookData[HookDataSize] > RemoveQObject;
 }
 
+Callback callbackOf(Hook hook)
+{
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): Qt keeps the addresses as numbers
+    return reinterpret_cast<Callback>(qtHookData[hook]);
+}
+
 /// The object as an author knows it: class, and name when it has one.
 QString described(const QObject* object)
 {
@@ -104,8 +110,8 @@ Leftovers::Leftovers()
 {
     if (!hasHooks())
         return;
-    s_outerAdd = reinterpret_cast<Callback>(qtHookData[AddQObject]);
-    s_outerRemove = reinterpret_cast<Callback>(qtHookData[RemoveQObject]);
+    s_outerAdd = callbackOf(AddQObject);
+    s_outerRemove = callbackOf(RemoveQObject);
     qtHookData[AddQObject] = reinterpret_cast<quintptr>(&onAdded);
     qtHookData[RemoveQObject] = reinterpret_cast<quintptr>(&onRemoved);
 }

@@ -16,7 +16,7 @@
 
 #include <cstdlib>
 #include <cxxabi.h>
-#include <locale.h>
+#include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale() is no C++
 #include <memory>
 #include <optional>
 

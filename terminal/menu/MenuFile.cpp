@@ -250,7 +250,7 @@ private:
                  QStringLiteral("write it in double quotes"));
             return QString();
         }
-        const QString text = textOf(value);
+        QString text = textOf(value);
         if (text.size() > MenuFile::MaximumTextLength) {
             fail(value, QStringLiteral("%1 has %2 characters").arg(name).arg(text.size()),
                  QStringLiteral("a text has at most %1").arg(MenuFile::MaximumTextLength));

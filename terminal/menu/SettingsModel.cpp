@@ -21,7 +21,7 @@ namespace
 {
 
 constexpr int UsualTextLength = 80;
-constexpr qint64 MaximumHelpSize = 64 * 1024;
+constexpr qint64 MaximumHelpSize = Q_INT64_C(64) * 1024;
 
 } // namespace
 
@@ -287,7 +287,7 @@ QString SettingsModel::refusalOf(int id)
 QString SettingsModel::press(int id)
 {
     refresh(); // what the plug-in allows may have changed since the page was shown
-    const QString refusal = refusalOf(id);
+    QString refusal = refusalOf(id);
     const MenuItem* const found = m_menu.item(id);
     if (!refusal.isEmpty() || found == nullptr) {
         return refusal;
@@ -298,7 +298,7 @@ QString SettingsModel::press(int id)
         return QString();
     }
     if (pressed.kind == QLatin1String("bool")) {
-        const QString error = change(pressed, !m_menu.value(pressed).toBool());
+        QString error = change(pressed, !m_menu.value(pressed).toBool());
         if (!error.isEmpty()) {
             m_notices.post(NoticeSeverity::Warning, error);
         }
@@ -410,7 +410,7 @@ QString SettingsModel::showHelp(int id)
     }
     QFile file(path);
     if (path.isEmpty() || !QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        const QString error = tr("The help text %1 cannot be read.").arg(path);
+        QString error = tr("The help text %1 cannot be read.").arg(path);
         m_notices.post(NoticeSeverity::Warning, error);
         return error;
     }

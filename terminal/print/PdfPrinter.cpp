@@ -85,7 +85,7 @@ QString PdfPrinter::freeName() const
         return m_file;
     const QString stem = m_file.left(m_file.size() - 4); // Without ".pdf".
     for (int number = 2;; ++number) {
-        const QString name = stem + QStringLiteral("-%1.pdf").arg(number);
+        QString name = stem + QStringLiteral("-%1.pdf").arg(number);
         if (!QFileInfo::exists(name))
             return name;
     }

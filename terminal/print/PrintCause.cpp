@@ -33,7 +33,7 @@ QString PrintCause::text() const
 {
     if (m_context.isEmpty())
         return QString::fromUtf8(m_source);
-    const QString text = QCoreApplication::translate(m_context, m_source);
+    QString text = QCoreApplication::translate(m_context, m_source);
     switch (m_arguments.size()) {
     case 0:
         return text;

@@ -59,7 +59,7 @@ ProtocolItems ProtocolPrinter::collect(ProtocolType type, ProtocolPart part, QSt
 QString ProtocolPrinter::print(const ProtocolItems& items, IPrinter& printer, IFormat& format) const
 {
     for (const auto& item : items) {
-        const QString failure = failureOf(*item, [&item] {
+        QString failure = failureOf(*item, [&item] {
             item->setValue();
             return true;
         });
@@ -68,7 +68,7 @@ QString ProtocolPrinter::print(const ProtocolItems& items, IPrinter& printer, IF
         }
     }
     for (const auto& item : items) {
-        const QString failure = failureOf(*item, [&] { return item->Print(&printer, &format); });
+        QString failure = failureOf(*item, [&] { return item->Print(&printer, &format); });
         if (!failure.isEmpty()) {
             return failure;
         }

@@ -29,7 +29,7 @@ std::optional<QHostAddress> hostOf(QString text)
     const bool brackets = text.startsWith(QLatin1Char('[')) && text.endsWith(QLatin1Char(']'));
     if (brackets)
         text = text.mid(1, text.size() - 2);
-    const QHostAddress address(text);
+    QHostAddress address(text);
     if (address.isNull() || brackets != (address.protocol() == QAbstractSocket::IPv6Protocol))
         return std::nullopt;
     if (!brackets && text.count(QLatin1Char('.')) != 3)

@@ -314,7 +314,7 @@ QQuickItem* TerminalWindow::rootItem() const
 
 QStringList TerminalWindow::takeQmlWarnings()
 {
-    const QStringList warnings = m_qmlWarnings;
+    QStringList warnings = m_qmlWarnings;
     m_qmlWarnings.clear();
     return warnings;
 }
