@@ -128,12 +128,11 @@ QByteArray SicsScale::refusal(char id) const
     char reason = 'I';
     if (m_scale.status() == Reading::Status::Overload) {
         reason = '+';
-    } else if (m_scale.status() == Reading::Status::Underload) {
+    } else if (m_scale.status() == Reading::Status::Underload
+               || (m_scale.isValid() && m_scale.lastRefusal() == Scale::Refusal::NegativeLoad)) {
         reason = '-';
     } else if (m_scale.isValid() && m_scale.lastRefusal() == Scale::Refusal::OutsideZeroRange) {
         reason = m_scale.lastReading().grams > 0.0 ? '+' : '-';
-    } else if (m_scale.isValid() && m_scale.lastRefusal() == Scale::Refusal::NegativeLoad) {
-        reason = '-';
     }
     return QByteArray(1, id) + ' ' + reason + "\r\n";
 }

@@ -112,7 +112,7 @@ bool ActionListModel::press(const QString& uid)
         return false;
     }
     // The caller's text may be a reference into a row that the slot replaces.
-    const QString pressed = uid;
+    const QString pressed = uid; // NOLINT(performance-unnecessary-copy-initialization)
     emit actionPressed(pressed);
     return true;
 }

@@ -367,7 +367,7 @@ void TerminalWindow::followPluginScreen()
 /// Creates the screen in the application area. Returns why it failed, the empty text on success.
 QString TerminalWindow::createPluginScreen(const QUrl& screen)
 {
-    const QString fromNetwork =
+    QString fromNetwork =
         QStringLiteral("%1: a screen is loaded from a file or a resource, not from a network.")
             .arg(screen.toString());
     if (!QQmlFile::isSynchronous(screen)) {
@@ -392,10 +392,9 @@ QString TerminalWindow::createPluginScreen(const QUrl& screen)
     std::unique_ptr<QObject> root(component.beginCreate(m_pluginContext.get()));
     QQuickItem* item = qobject_cast<QQuickItem*>(root.get());
     if (!item) {
-        const QString errors =
-            root ? QStringLiteral("%1: the root of a screen must be an Item, this one is a %2.")
-                       .arg(screen.toString(), QLatin1String(root->metaObject()->className()))
-                 : textOf(component.errors());
+        QString errors = root ? QStringLiteral("%1: the root of a screen must be an Item, this one is a %2.")
+                                    .arg(screen.toString(), QLatin1String(root->metaObject()->className()))
+                              : textOf(component.errors());
         if (root) {
             component.completeCreate();
         }
