@@ -404,7 +404,7 @@ QString TerminalWindow::createPluginScreen(const QUrl& screen)
     }
 
     // The screen knows its place and its size before it evaluates its first binding.
-    root.release();
+    static_cast<void>(root.release());
     QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
     m_pluginScreen = item;
     item->setParentItem(m_pluginArea);
