@@ -116,6 +116,13 @@ TerminalWindow::~TerminalWindow()
     for (const QPointer<QQuickItem>& screen : qAsConst(m_unloadedScreens)) {
         delete screen.data();
     }
+    if (m_renderControl && m_root) {
+        // The textures of pictures go only with the frame that follows the pictures, and after this none would.
+        m_root.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_window->releaseResources();
+        m_renderControl->sync();
+    }
     if (m_translator) {
         QCoreApplication::removeTranslator(m_translator.get());
     }
