@@ -134,8 +134,8 @@ int rounds(const char* variable, int usual)
     return wanted > 0 ? wanted : usual;
 }
 
-/// What may stay: of a cycle what the QML engine keeps until it ends, of a million readings next to nothing.
-constexpr qint64 BytesPerCycle = 1024;
+/// What may stay: next to nothing, neither of a cycle nor of a million readings.
+constexpr qint64 BytesPerCycle = 64;
 constexpr qint64 MillionReadingsBytes = 65536;
 /// A short run does not fill what is bounded: only a gross leak shows.
 constexpr qint64 ShortRunBytes = 4 * 1024 * 1024;

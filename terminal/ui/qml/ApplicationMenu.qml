@@ -19,43 +19,57 @@ Item {
         y: Theme.statusHeight + Theme.displayHeight
         width: parent.width
         height: Math.min(Theme.applicationHeight,
-                         Math.ceil(list.count / 3) * list.cellHeight + protocolKey.height + 2 * Theme.unit)
+                         Math.ceil(applications.count / list.columns) * list.cellHeight + protocolKey.height + 2 * Theme.unit)
         color: Theme.frame
 
-        GridView {
+        Flickable {
             id: list
             objectName: "applicationList"
+            readonly property int columns: 3
+            readonly property int cellWidth: Math.floor(width / columns)
+            readonly property int cellHeight: 64 + Theme.unit
             anchors.fill: parent
             anchors.leftMargin: Theme.unit
             anchors.topMargin: Theme.unit
             anchors.bottomMargin: protocolKey.height + Theme.unit
+            contentHeight: grid.height
+            flickableDirection: Flickable.VerticalFlick
             clip: true
             boundsBehavior: Flickable.StopAtBounds
-            cellWidth: Math.floor(width / 3)
-            cellHeight: 64 + Theme.unit
-            model: instrument.plugins
 
-            delegate: ApplicationKey {
-                objectName: "application:" + modelData.id
-                width: list.cellWidth - Theme.unit
-                height: list.cellHeight - Theme.unit
-                ground: Theme.key
-                radius: Theme.radius
-                picture: modelData.icon
-                text: modelData.name
-                fontWeight: modelData.active ? Font.Medium : Font.Normal
-                onClicked: {
-                    menu.visible = false
-                    instrument.pluginSelected(index)
-                }
+            // As in ShortList: no GridView.
+            Grid {
+                id: grid
+                columns: list.columns
+                spacing: Theme.unit
 
-                Rectangle {
-                    visible: modelData.active
-                    y: 16
-                    width: 4
-                    height: parent.height - 32
-                    radius: 2
-                    color: Theme.accentLit
+                Repeater {
+                    id: applications
+                    model: instrument.plugins
+
+                    ApplicationKey {
+                        objectName: "application:" + modelData.id
+                        width: list.cellWidth - Theme.unit
+                        height: list.cellHeight - Theme.unit
+                        ground: Theme.key
+                        radius: Theme.radius
+                        picture: modelData.icon
+                        text: modelData.name
+                        fontWeight: modelData.active ? Font.Medium : Font.Normal
+                        onClicked: {
+                            menu.visible = false
+                            instrument.pluginSelected(index)
+                        }
+
+                        Rectangle {
+                            visible: modelData.active
+                            y: 16
+                            width: 4
+                            height: parent.height - 32
+                            radius: 2
+                            color: Theme.accentLit
+                        }
+                    }
                 }
             }
         }

@@ -77,7 +77,7 @@ Item {
     }
 
     // What is not printed yet.
-    ListView {
+    ShortList {
         id: queue
         objectName: "printQueue"
         visible: page.prints.length > 0
@@ -85,9 +85,7 @@ Item {
         y: 100
         width: page.content
         height: visible ? Math.min(contentHeight, 176) : 0
-        clip: true
         spacing: Theme.unit
-        boundsBehavior: Flickable.StopAtBounds
         model: page.prints
 
         delegate: Rectangle {

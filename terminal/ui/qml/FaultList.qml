@@ -31,7 +31,7 @@ Item {
         font.weight: Font.Medium
         color: Theme.error
     }
-    ListView {
+    ShortList {
         id: list
         anchors.top: mark.bottom
         anchors.topMargin: 12
@@ -41,9 +41,7 @@ Item {
         anchors.leftMargin: panel.margin
         anchors.right: parent.right
         anchors.rightMargin: panel.margin
-        clip: true
         spacing: 12
-        boundsBehavior: Flickable.StopAtBounds
         model: panel.faults
 
         delegate: Text {

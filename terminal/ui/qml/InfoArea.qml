@@ -15,15 +15,13 @@ Rectangle {
         height: parent.height
         color: Theme.line
     }
-    ListView {
+    ShortList {
         id: list
         anchors.fill: parent
         anchors.topMargin: Theme.unit
         anchors.bottomMargin: Theme.unit
         anchors.leftMargin: 16
         anchors.rightMargin: 8
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
         model: area.items
 
         delegate: Item {
