@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -102,14 +101,6 @@ private:
 
 void TestSeriesStore::init()
 {
-    static const QRegularExpression startsProcesses(
-        QStringLiteral("^(survivesKill|logOfADamagedFileIsKept|secondProgramIsRefused)"));
-    if (qEnvironmentVariableIsSet("BRIMVALE_EMULATED")
-        && startsProcesses.match(QLatin1String(QTest::currentTestFunction())).hasMatch()) {
-        // QProcess takes -1 for the process then, and would kill every process of the user.
-        QSKIP("The emulator cannot start processes the way QProcess does.");
-    }
-
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
 }
