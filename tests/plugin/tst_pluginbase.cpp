@@ -177,6 +177,8 @@ QStringList plainClose()
 class PlainPlugin : public PluginBase
 {
 public:
+    ~PlainPlugin() override { delete m_settingsProfile; } // which the base leaves to the plug-in
+
     QString GetPluginName(bool) override { return s("Plain"); }
     QString GetPluginIcon() override { return QString(); }
     void ApplyProfileItem(int, QVariant) override { }
