@@ -92,7 +92,7 @@ public:
     /// 11. is started; the host's control mode is set (`PluginId::kind` is exactly "control") or cleared;
     /// 12. with `PluginId::hasAddons`: has the host start them.
     ///
-    /// A false result of steps 2 or 8 calls `ClosePlugin()`, which does nothing, and returns false.
+    /// A false result of steps 2, 3 or 8 calls `ClosePlugin()`, which does nothing, and returns false.
     bool StartPlugin() override;
 
     /// Ends the plug-in; does nothing when it is not started. Returns true in every case. In this order:

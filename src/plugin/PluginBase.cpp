@@ -122,7 +122,12 @@ bool PluginBase::StartPlugin()
     m_viewModel = CreateViewModel();
     const QString viewModelName = GetViewModelName();
     const QString screen = GetPluginScreen();
-    LoadView(m_viewModel, viewModelName, screen);
+    // LoadView() has no reason to return false so far. GCOVR_EXCL_START
+    if (!LoadView(m_viewModel, viewModelName, screen)) {
+        ClosePlugin();
+        return false;
+    }
+    // GCOVR_EXCL_STOP
 
     m_viewManager = CreateViewManager();
     InitActionbar();
