@@ -42,6 +42,35 @@ function(brimvale_set_test_properties name)
         TIMEOUT ${timeout})
 endfunction()
 
+option(BRIMVALE_PRECOMPILE_QTTEST "Precompile <QtTest> for the tests, which is most of the work on a short one" ON)
+
+# Has a test use the <QtTest> that is compiled once: for those of the terminal, where Qt Gui and Network add to what it
+# declares, and for those that link Qt Core alone. The few others compile it each. (A wrong choice is an error:
+# -Winvalid-pch.)
+function(brimvale_precompile_qttest test)
+    if(NOT BRIMVALE_PRECOMPILE_QTTEST)
+        return()
+    endif()
+    set(precompiled brimvale_qttest)
+    set(libraries Qt5::Test)
+    get_target_property(linked ${test} LINK_LIBRARIES)
+    if("terminal_core" IN_LIST linked)
+        find_package(Qt5 5.15 REQUIRED COMPONENTS Gui Network)
+        string(APPEND precompiled _terminal)
+        list(APPEND libraries Qt5::Gui Qt5::Network)
+    elseif(linked MATCHES "Qt5::(Gui|Network)")
+        return()
+    endif()
+    if(NOT TARGET ${precompiled})
+        set(source "${CMAKE_BINARY_DIR}/${precompiled}.cpp")
+        file(CONFIGURE OUTPUT "${source}" CONTENT "// Is compiled for its precompiled header.\n")
+        add_library(${precompiled} OBJECT EXCLUDE_FROM_ALL "${source}")
+        target_link_libraries(${precompiled} PRIVATE ${libraries})
+        target_precompile_headers(${precompiled} PRIVATE <QtTest>)
+    endif()
+    target_precompile_headers(${test} REUSE_FROM ${precompiled})
+endfunction()
+
 # Builds a QtTest executable and registers it with CTest.
 #
 #   brimvale_add_test(NAME <name> SOURCES <file>... [LIBRARIES <target>...] [INCLUDE_DIRECTORIES <dir>...]
@@ -64,6 +93,7 @@ function(brimvale_add_test)
     target_link_libraries(${arg_NAME} PRIVATE Brimvale::SharedLibs ${arg_LIBRARIES} Qt5::Test)
     target_include_directories(${arg_NAME} PRIVATE ${arg_INCLUDE_DIRECTORIES})
     target_compile_definitions(${arg_NAME} PRIVATE ${arg_DEFINITIONS})
+    brimvale_precompile_qttest(${arg_NAME})
     if(arg_DEPENDS)
         add_dependencies(${arg_NAME} ${arg_DEPENDS})
     endif()
