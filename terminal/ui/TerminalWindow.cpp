@@ -6,6 +6,7 @@
 #include "PaperItems.h"
 #include "WorkflowModel.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -228,14 +229,17 @@ bool TerminalWindow::grab(const QString& pngFile, QString* error)
         return false;
     }
 
+    // Qt's writer of PNG files leaves memory behind where the disk is full: it writes into the memory.
+    QBuffer png;
+    QImageWriter writer(&png, "png");
+    if (!png.open(QIODevice::WriteOnly) || !writer.write(image.convertToFormat(QImage::Format_RGB32))) {
+        setError(error, QStringLiteral("The picture %1 cannot be made: %2").arg(pngFile, writer.errorString()));
+        return false;
+    }
     // A disk that is full is noticed, and leaves an earlier picture alone.
     QSaveFile file(pngFile);
-    QImageWriter writer(&file, "png");
-    if (!file.open(QIODevice::WriteOnly) || !writer.write(image.convertToFormat(QImage::Format_RGB32))
-        || !file.flush() || !file.commit()) {
-        setError(error, QStringLiteral("The picture %1 cannot be written: %2")
-                            .arg(pngFile, file.error() != QFileDevice::NoError ? file.errorString()
-                                                                               : writer.errorString()));
+    if (!file.open(QIODevice::WriteOnly) || file.write(png.data()) != png.size() || !file.commit()) {
+        setError(error, QStringLiteral("The picture %1 cannot be written: %2").arg(pngFile, file.errorString()));
         return false;
     }
     return true;
