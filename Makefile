@@ -11,7 +11,6 @@ JOBS ?= $(shell nproc)
 MUTATIONS ?= 300
 MUTATION_ARGS ?=
 # More arguments for ctest, tools/static-analysis, the benchmarks and the terminal.
-CMAKE_ARGS ?=
 TEST_ARGS ?=
 TIDY_ARGS ?=
 BENCH_ARGS ?=
@@ -44,7 +43,7 @@ help:
 	@echo 'make clean    remove build/'
 	@echo
 	@echo 'Missing Debian packages are installed on the way (tools/setup --help).'
-	@echo 'Variables: JOBS=$(JOBS), CMAKE_ARGS for make asan, TEST_ARGS for ctest, TIDY_ARGS for the analysis, BENCH_ARGS for the benchmarks,'
+	@echo 'Variables: JOBS=$(JOBS), TEST_ARGS for ctest, TIDY_ARGS for the analysis, BENCH_ARGS for the benchmarks,'
 	@echo 'RUN_ARGS for the terminal, MUTATIONS=$(MUTATIONS), FUZZ_SECONDS=$(FUZZ_SECONDS), FUZZ_TARGETS and'
 	@echo 'FUZZ_JOBS=$(FUZZ_JOBS) for the fuzzers.'
 
@@ -79,7 +78,6 @@ soak:
 # One after the other, the quick ones first: each uses all processors.
 check-all:
 	$(MAKE) tidy
-	$(MAKE) asan
 	$(MAKE) tsan
 	$(MAKE) coverage
 	$(MAKE) soak
@@ -91,7 +89,7 @@ check-all:
 
 asan:
 	$(SETUP) --group test
-	cmake --preset asan $(CMAKE_ARGS)
+	cmake --preset asan
 	cmake --build --preset asan --parallel $(JOBS)
 	ctest --preset asan --parallel $(JOBS) $(TEST_ARGS)
 

@@ -233,13 +233,15 @@ bool TerminalWindow::grab(const QString& pngFile, QString* error)
     QBuffer png;
     QImageWriter writer(&png, "png");
     if (!png.open(QIODevice::WriteOnly) || !writer.write(image.convertToFormat(QImage::Format_RGB32))) {
-        setError(error, QStringLiteral("The picture %1 cannot be made: %2").arg(pngFile, writer.errorString()));
+        setError(error,
+                 QStringLiteral("The picture %1 cannot be made: %2").arg(pngFile, writer.errorString()));
         return false;
     }
     // A disk that is full is noticed, and leaves an earlier picture alone.
     QSaveFile file(pngFile);
     if (!file.open(QIODevice::WriteOnly) || file.write(png.data()) != png.size() || !file.commit()) {
-        setError(error, QStringLiteral("The picture %1 cannot be written: %2").arg(pngFile, file.errorString()));
+        setError(error,
+                 QStringLiteral("The picture %1 cannot be written: %2").arg(pngFile, file.errorString()));
         return false;
     }
     return true;
