@@ -31,6 +31,20 @@ const char* kindOf(const QMetaMethod& method)
     return "constructor";
 }
 
+// A screen cannot call a private one.
+const char* accessOf(const QMetaMethod& method)
+{
+    switch (method.access()) {
+    case QMetaMethod::Private:
+        return " private";
+    case QMetaMethod::Protected:
+        return " protected";
+    case QMetaMethod::Public:
+        break;
+    }
+    return "";
+}
+
 void showMethod(const QMetaMethod& method, int index)
 {
     QByteArrayList parameters;
@@ -38,8 +52,8 @@ void showMethod(const QMetaMethod& method, int index)
         parameters.append((method.parameterTypes().at(i) + ' ' + method.parameterNames().at(i)).trimmed());
     const bool hasResult = method.returnType() != QMetaType::Void && *method.typeName() != '\0';
     const QByteArray result = hasResult ? QByteArray(method.typeName()) + ' ' : QByteArray();
-    std::printf("    %s %d %s%s(%s)\n", kindOf(method), index, result.constData(), method.name().constData(),
-                parameters.join(", ").constData());
+    std::printf("    %s %d %s%s(%s)%s\n", kindOf(method), index, result.constData(),
+                method.name().constData(), parameters.join(", ").constData(), accessOf(method));
 }
 
 void showProperty(const QMetaProperty& property, int index)

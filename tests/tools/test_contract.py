@@ -140,6 +140,11 @@ class Differences(unittest.TestCase):
                     "PluginBase: slot 6 is `6 onDoPrint()`, the contract does not list it")
         self.expect("PluginBase", "slot 6 onDoPrint()", "slot 6 onDoPrint()\n    invokable 7 warnInfo()",
                     "PluginBase: invokable operation 1 is missing, the contract says `7 warnInfo()`")
+        self.expect("PluginBase", "slot 6 onDoPrint()", "slot 6 onDoPrint() protected",
+                    "PluginBase: slot 6 is `6 onDoPrint()`, the contract says `6 onDoPrint() protected`")
+        self.expect("QObject", "_q_reregisterTimers(void*) private", "_q_reregisterTimers(void*)",
+                    "QObject: slot 2 is `4 _q_reregisterTimers(void*) private`, the contract says "
+                    "`4 _q_reregisterTimers(void*)`")
         self.expect("CategorySort", "metaenum 0 CategoryOrder", "metaenum 0 Order", "CategorySort: enumeration of the "
                     "meta-object 1 is `0 CategoryOrder`, the contract says `0 Order`")
         self.expect("WarnInfo", "Brimvale::WarnInfo", "WarnInfo",
@@ -266,6 +271,10 @@ class Program(unittest.TestCase):
             "record X\n    object 1 1": ":2: 4 numbers are expected: 2 for 64 bits, 2 for 32 bits",
             "record X\n    object 1 1 1 one": ":2: 4 numbers are expected",
             "record X\n    object 1 1 1 1 trivial": ":2: 'trivial' is not understood",
+            "record X\n    object 1 1 1 1\n    object 2 1 2 1": ":3: X has the line `object` already",
+            "class X\n    identifier \"A\"\n    identifier \"B\"": ":3: X has the line `identifier` already",
+            "class X\n    metaobject \"A\"\n    metaobject \"B\"": ":3: X has the line `metaobject` already",
+            "class A\nclass B\nclass X : A, B\n    base 8 4 B\n    base 4 8 B": ":5: X has the line `base B` already",
             "record X\n    base 8 4 Y": ":2: 'Y' is none of the bases of X",
             "record X\n    virtuel ~": ":2: 'virtuel' begins no line of a class",
             "class X\n    signal 1 changed()": ":2: the signal 0 of X is expected here",
