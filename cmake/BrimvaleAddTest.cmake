@@ -67,6 +67,8 @@ function(brimvale_precompile_qttest test)
         target_precompile_headers(${precompiled} PRIVATE <QtTest>)
     endif()
     target_precompile_headers(${test} REUSE_FROM ${precompiled})
+    # Without it ccache cannot tell what a source consists of.
+    target_compile_options(${test} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endfunction()
 
 # Builds a QtTest executable and registers it with CTest.

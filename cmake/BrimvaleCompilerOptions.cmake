@@ -23,7 +23,9 @@ if(BRIMVALE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     mark_as_advanced(CCACHE_PROGRAM)
     if(CCACHE_PROGRAM)
         set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_DIR=${PROJECT_SOURCE_DIR}/build/ccache"
-            "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE_PROGRAM}")
+            "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+            # What it asks for where headers are precompiled.
+            CCACHE_SLOPPINESS=pch_defines,time_macros "${CCACHE_PROGRAM}")
     endif()
 endif()
 
