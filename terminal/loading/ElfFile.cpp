@@ -47,19 +47,6 @@ QString machineName(int machine)
 
 constexpr bool hostIsLittleEndian = Q_BYTE_ORDER == Q_LITTLE_ENDIAN;
 
-/// @p value with its bytes in the opposite order.
-template <typename Number>
-quint64 swapped(Number value)
-{
-    if constexpr (sizeof(Number) == sizeof(quint16)) {
-        return qbswap(static_cast<quint16>(value));
-    } else if constexpr (sizeof(Number) == sizeof(quint32)) {
-        return qbswap(static_cast<quint32>(value));
-    } else {
-        return qbswap(static_cast<quint64>(value));
-    }
-}
-
 } // namespace
 
 QString ElfFile::Target::text() const

@@ -21,6 +21,9 @@ const QString Failed = QStringLiteral("failed");
 const QString Cause = QStringLiteral("cause");
 const QString Remove = QStringLiteral("remove");
 
+/// No print-out is nearly as long, and what is no journal is not read into the memory as a whole.
+constexpr qint64 MaximumLineBytes = 16 << 20;
+
 /// JSON numbers are exact up to 2^53 only.
 QString numberText(quint64 number)
 {
@@ -98,20 +101,25 @@ QVector<StoredPrint> PrintJournal::load()
         fail();
         return prints;
     }
-    const QByteArray content = m_file.readAll();
-    m_file.close();
-    int end = 0; // Of the lines that are whole.
-    for (int lineEnd = content.indexOf('\n'); lineEnd >= 0; lineEnd = content.indexOf('\n', end)) {
-        const QJsonDocument line = QJsonDocument::fromJson(content.mid(end, lineEnd - end));
+    qint64 end = 0; // Of the lines that are whole.
+    while (!m_file.atEnd()) {
+        const QByteArray text = m_file.readLine(MaximumLineBytes);
+        const bool isWhole = text.endsWith('\n');
+        if (!isWhole && m_file.atEnd() && text.size() < MaximumLineBytes - 1)
+            break;
+        const QJsonDocument line = isWhole ? QJsonDocument::fromJson(text) : QJsonDocument();
         if (!line.isObject() || !apply(line.object(), &prints)) {
+            m_file.close();
             putAside();
             return {};
         }
-        end = lineEnd + 1;
+        end += text.size();
     }
+    const bool hasRest = end < m_file.size();
+    m_file.close();
     if (prints.isEmpty())
         m_file.remove();
-    else if (end < content.size() && !m_file.resize(end))
+    else if (hasRest && !m_file.resize(end))
         fail();
     return prints;
 }

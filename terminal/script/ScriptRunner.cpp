@@ -26,6 +26,7 @@ using Kind = Statement::Kind;
 
 /// Where the results begin in a line of the report.
 constexpr int ResultColumn = 44;
+constexpr qint64 MaximumPrintOutBytes = 1 << 20; // of a file to compare with
 
 QString quoted(const QString& text)
 {
@@ -662,7 +663,13 @@ ScriptRunner::Outcome ScriptRunner::expectPrintOut(const Statement& statement)
         outcome.details = printOut.split(QLatin1Char('\n'));
         return outcome;
     }
-    const QString kept = QString::fromUtf8(file.readAll()).remove(QLatin1Char('\r'));
+    const QByteArray content = file.read(MaximumPrintOutBytes + 1);
+    if (content.size() > MaximumPrintOutBytes) {
+        return expected(false, QStringLiteral("the print-out ") + quoted(statement.text),
+                        QStringLiteral("%1 is no print-out: it is longer than %2 bytes")
+                            .arg(path, QString::number(MaximumPrintOutBytes)));
+    }
+    const QString kept = QString::fromUtf8(content).remove(QLatin1Char('\r'));
     Outcome outcome = expected(kept == printOut, QStringLiteral("the print-out ") + quoted(statement.text),
                                QStringLiteral("another was printed; if it is right, keep it with --approve"));
     if (!outcome.ok)
@@ -673,12 +680,13 @@ ScriptRunner::Outcome ScriptRunner::expectPrintOut(const Statement& statement)
 ScriptRunner::Outcome ScriptRunner::keepPrintOut(const QString& path, const QString& printOut)
 {
     QFile file(path);
-    const bool isKept = file.open(QIODevice::ReadOnly) && file.readAll() == printOut.toUtf8();
+    const QByteArray bytes = printOut.toUtf8();
+    const bool isKept = file.open(QIODevice::ReadOnly) && file.read(bytes.size() + 1) == bytes;
     if (isKept)
         return done(QStringLiteral("ok"));
     const QFileInfo info(path);
     QSaveFile kept(path);
-    if (!QDir().mkpath(info.path()) || !kept.open(QIODevice::WriteOnly) || kept.write(printOut.toUtf8()) < 0
+    if (!QDir().mkpath(info.path()) || !kept.open(QIODevice::WriteOnly) || kept.write(bytes) < 0
         || !kept.flush() || !kept.commit()) {
         return expected(false, QStringLiteral("that the print-out can be kept"),
                         QStringLiteral("%1 cannot be written: %2").arg(path, kept.errorString()));

@@ -27,6 +27,7 @@ private slots:
     void approveNeedsAScript();
     void callsOfThePrintKeyKeepTheirOrder();
     void choiceSurvivesARestart();
+    void fileWithoutEndIsNoPrintOut();
     void pdfIsPrinted();
     void networkPrinterGetsThePrintOut();
     void itemThatIsNotOfferedIsNamed();
@@ -243,6 +244,17 @@ void TestPrintOuts::choiceSurvivesARestart()
     COMPARE_EXIT_CODE(printing, 0);
     QVERIFY2(read("kept.txt").startsWith("Net "), read("kept.txt").constData());
     QCOMPARE(read("kept.txt").count('\n'), 1);
+}
+
+void TestPrintOuts::fileWithoutEndIsNoPrintOut()
+{
+    QVERIFY(QFile::link(QStringLiteral("/dev/zero"), m_folder->filePath(QStringLiteral("kept.txt"))));
+    TerminalProcess terminal;
+    QVERIFY(terminal.run(arguments(write("one.script", OneWeighing))));
+    COMPARE_EXIT_CODE(terminal, 1);
+    QVERIFY2(terminal.errorText().contains(
+                 QStringLiteral("kept.txt is no print-out: it is longer than 1048576 bytes")),
+             terminal.everything().constData());
 }
 
 void TestPrintOuts::pdfIsPrinted()

@@ -144,6 +144,7 @@ private slots:
     void keptWithoutEnd();
     void keptFileWithHalfALine();
     void keptFileThatIsNone();
+    void keptFileOfOneEndlessLine();
     void keepingFails();
     void keepsEverythingOfAPrintOut();
     void keptForOneTerminalOnly();
@@ -678,6 +679,21 @@ void TestPrintQueue::keptFileThatIsNone()
     QVERIFY(!m_loaded);
     QVERIFY2(m_loadError.contains(journal() + QStringLiteral(".unreadable")), qPrintable(m_loadError));
     QVERIFY(QFile::exists(journal() + QStringLiteral(".unreadable")));
+    QVERIFY(!QFile::exists(journal()));
+    QCOMPARE(queue->count(), 0);
+}
+
+void TestPrintQueue::keptFileOfOneEndlessLine()
+{
+    QFile file(journal());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{\"add\":\"1\",\"title\":\"");
+    QVERIFY(
+        file.resize(Q_INT64_C(1) << 40)); // More than fits into the memory; on the disk it takes up nothing.
+    file.close();
+    const auto queue = makeQueue(true);
+    QVERIFY(!m_loaded);
+    QVERIFY2(m_loadError.contains(journal() + QStringLiteral(".unreadable")), qPrintable(m_loadError));
     QVERIFY(!QFile::exists(journal()));
     QCOMPARE(queue->count(), 0);
 }
