@@ -45,7 +45,8 @@ void onCrash(int number, siginfo_t* info, void*)
         const RunningCode::State running = RunningCode::state();
         writeText(STDERR_FILENO, "brimvale-terminal: a plug-in has crashed the terminal: ");
         writeText(STDERR_FILENO, s_note);
-        if (running.what != nullptr) {
+        // In another thread than that of the event loop it says nothing of the crash.
+        if (running.what != nullptr && gettid() == getpid()) {
             writeText(STDERR_FILENO, ", in ");
             writeText(STDERR_FILENO, running.what);
         }

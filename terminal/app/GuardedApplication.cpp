@@ -5,6 +5,9 @@
 #include "host/PluginGuard.h"
 
 #include <QPointer>
+#include <QThread>
+
+#include <optional>
 
 namespace Brimvale
 {
@@ -24,7 +27,10 @@ GuardedApplication::~GuardedApplication()
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event)
 {
-    const RunningCode running(receiver->metaObject()->className(), codeOf(receiver));
+    // The events of every thread come here.
+    std::optional<RunningCode> running;
+    if (QThread::currentThread() == thread())
+        running.emplace(receiver->metaObject()->className(), codeOf(receiver));
     const QPointer<QObject> guarded(receiver);
     bool accepted = false;
     const auto exception = exceptionOf([&] { accepted = QGuiApplication::notify(receiver, event); });
@@ -42,7 +48,8 @@ void GuardedApplication::report(QObject* object, const QString& exception)
         if (!object->objectName().isEmpty())
             name += QStringLiteral(" \"%1\"").arg(object->objectName());
     }
-    emit exceptionCaught(name, exception, object);
+    // Whoever is told later must not use an object that its own thread may delete meanwhile.
+    emit exceptionCaught(name, exception, QThread::currentThread() == thread() ? object : nullptr);
 }
 
 } // namespace Terminal

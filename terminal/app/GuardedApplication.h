@@ -10,7 +10,8 @@ namespace Terminal
 {
 
 /// The application object. An exception that a slot or event handler throws (that of a plug-in, as a rule) goes no
-/// further than the event that brought it about, nor into the QML engine. What is executed is told to RunningCode.
+/// further than the event that brought it about, nor into the QML engine. What the event loop executes is told to
+/// RunningCode.
 class GuardedApplication : public QGuiApplication
 {
     Q_OBJECT
@@ -24,7 +25,7 @@ public:
 
 signals:
     /// @p receiver names the object whose event it was, @p exception is the exception in words; @p object is null
-    /// when it is gone.
+    /// when it is gone or lives in another thread.
     void exceptionCaught(const QString& receiver, const QString& exception, QObject* object);
 
 private:

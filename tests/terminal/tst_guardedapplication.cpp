@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "app/GuardedApplication.h"
+#include "host/RunningCode.h"
 
 #include <QSignalSpy>
+#include <QThread>
 #include <QTimer>
 #include <QtTest>
 
 #include <stdexcept>
 
 using Brimvale::Terminal::GuardedApplication;
+using Brimvale::Terminal::RunningCode;
 
 namespace
 {
@@ -49,6 +52,8 @@ private slots:
     void queuedSlotAndTimer();
     void theLoopGoesOn();
     void otherEventsKeepTheirResult();
+    void eventOfAnotherThreadIsNotWhatTheLoopExecutes();
+    void exceptionInAnotherThread();
 };
 
 void TestGuardedApplication::exceptionOfAnEventHandler()
@@ -120,6 +125,51 @@ void TestGuardedApplication::otherEventsKeepTheirResult()
     QEvent unknown(QEvent::WhatsThis);
     QVERIFY(!QCoreApplication::sendEvent(&object, &unknown));
     QCOMPARE(spy.size(), 0);
+}
+
+void TestGuardedApplication::eventOfAnotherThreadIsNotWhatTheLoopExecutes()
+{
+    QThread thread;
+    QObject object;
+    object.moveToThread(&thread);
+    thread.start();
+    RunningCode::State before;
+    RunningCode::State seen;
+    {
+        const RunningCode running("StartPlugin()");
+        before = RunningCode::state();
+        QMetaObject::invokeMethod(
+            &object, [&seen] { seen = RunningCode::state(); }, Qt::BlockingQueuedConnection);
+    }
+    thread.quit();
+    QVERIFY(thread.wait());
+    QCOMPARE(QByteArray(seen.what), QByteArray("StartPlugin()"));
+    QCOMPARE(seen.beat, before.beat);
+}
+
+void TestGuardedApplication::exceptionInAnotherThread()
+{
+    QObject context;
+    QString receiver;
+    QString exception;
+    QObject* told = &context;
+    connect(&application(), &GuardedApplication::exceptionCaught, &context,
+            [&](const QString& name, const QString& text, QObject* object) {
+                receiver = name;
+                exception = text;
+                told = object;
+            });
+    QThread thread;
+    Failing object;
+    object.moveToThread(&thread);
+    QCoreApplication::postEvent(&object, new QEvent(QEvent::User));
+    thread.start();
+    QTRY_VERIFY(!exception.isEmpty());
+    thread.quit();
+    QVERIFY(thread.wait());
+    QVERIFY2(exception.contains(QLatin1String("the event failed")), qPrintable(exception));
+    QVERIFY2(receiver.contains(QLatin1String("Failing")), qPrintable(receiver));
+    QVERIFY(told == nullptr);
 }
 
 int main(int argc, char** argv)
