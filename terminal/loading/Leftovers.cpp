@@ -96,8 +96,6 @@ QString workOf(QObject* object, bool isOwn)
         return window->isVisible() ? QStringLiteral("window %1").arg(described(object)) : QString();
     if (!isOwn && object->metaObject() != &QTimer::staticMetaObject)
         return QString();
-    if (object->thread() != QThread::currentThread())
-        return QString();
     const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(object);
     return timers.isEmpty() ? QString()
                             : QStringLiteral("timer %1 of %2 ms")
@@ -142,11 +140,12 @@ void Leftovers::end()
 
 Remains Leftovers::of(int number, const std::function<bool(const QObject*)>& isOwn)
 {
-    // Held until the end, so that no object of another thread goes meanwhile.
+    // Held until the end, so that no object of another thread goes meanwhile. That thread may be in its constructor
+    // or destructor, though, so it must not be looked at.
     const std::lock_guard<std::recursive_mutex> lock(s_mutex);
     QVector<QObject*> objects;
     for (const auto& [object, start] : madeObjects()) {
-        if (start == number)
+        if (start == number && object->thread() == QThread::currentThread())
             objects.append(object);
     }
     Remains remains;

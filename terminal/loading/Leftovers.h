@@ -28,7 +28,8 @@ struct Remains
 /// of a parent, is code of the plug-in. A timer that is active, a thread that runs and a window that is shown are found
 /// without that, too, when they have no parent: the terminal makes none of these after its start.
 ///
-/// The objects that a plug-in has made before its start, in its constructor and in InitPlugin(), are its own.
+/// The objects that a plug-in has made before its start, in its constructor and in InitPlugin(), are its own. Those that
+/// live in another thread are left out: they may come and go at any time. The thread itself is found.
 /// At most one object of this class may exist at a time.
 class Leftovers
 {
