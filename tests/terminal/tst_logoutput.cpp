@@ -5,7 +5,8 @@
 #include <QLoggingCategory>
 #include <QtTest>
 
-#include <memory>
+#include <thread>
+#include <vector>
 
 using Brimvale::Terminal::LogOutput;
 
@@ -21,6 +22,7 @@ private slots:
     void categoryOfAQtMessage();
     void textsAreNotQuoted();
     void oldestLinesAreDropped();
+    void linesOfSeveralThreads();
     void afterItsEnd();
 };
 
@@ -99,6 +101,29 @@ void TestLogOutput::oldestLinesAreDropped()
         QLOG_INFO() << "line" << i;
     QVERIFY(!log.contains(QStringLiteral("the oldest")));
     QVERIFY(log.contains(QStringLiteral("line 0")));
+}
+
+void TestLogOutput::linesOfSeveralThreads()
+{
+    constexpr int threadCount = 4;
+    constexpr int lineCount = 50;
+    LogOutput log(QsLogging::InfoLevel);
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < threadCount; ++thread) {
+        threads.emplace_back([thread] {
+            for (int line = 0; line < lineCount; ++line)
+                qInfo("thread %d line %d.", thread, line);
+        });
+    }
+    // A script looks for a line while others are written.
+    const bool isFound = QTest::qWaitFor([&log] { return log.contains(QStringLiteral("thread 0 line 0.")); });
+    for (std::thread& thread : threads)
+        thread.join();
+    QVERIFY(isFound);
+    for (int thread = 0; thread < threadCount; ++thread) {
+        for (int line = 0; line < lineCount; ++line)
+            QVERIFY(log.contains(QStringLiteral("thread %1 line %2.").arg(thread).arg(line)));
+    }
 }
 
 void TestLogOutput::afterItsEnd()
