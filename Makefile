@@ -30,7 +30,7 @@ help:
 	@echo 'make test-arm run the tests of the library and scripts of the terminal on 32-bit ARM, in an emulator'
 	@echo 'make soak     run the tests that take long by design'
 	@echo 'make asan     run all tests with the address, leak and undefined-behaviour sanitizers'
-	@echo 'make tsan     run the tests of the logger and of calls from other threads with the thread sanitizer'
+	@echo 'make tsan     run the tests of what several threads use with the thread sanitizer'
 	@echo 'make valgrind run the tests of life cycles under valgrind'
 	@echo 'make tidy     analyse the sources with clang-tidy and clazy, the scripts with shellcheck'
 	@echo 'make coverage run the tests of the library, and fail when they leave out more of it than is known'
