@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <climits>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <iterator>
@@ -32,6 +33,7 @@ char s_noteFile[PATH_MAX];
 char s_note[PATH_MAX + sizeof Loading];
 struct sigaction s_outer[std::size(Signals)];
 char s_stack[1 << 16]; // that of the thread may be what is used up
+pid_t s_process = 0;   // 0: no object of the class exists; a child process has crashed itself alone
 
 void writeText(int descriptor, const char* text)
 {
@@ -39,28 +41,44 @@ void writeText(int descriptor, const char* text)
     static_cast<void>(written); // nothing is left to be done
 }
 
+void leaveNote(const char* event)
+{
+    const RunningCode::State running = RunningCode::state();
+    writeText(STDERR_FILENO, "brimvale-terminal: ");
+    writeText(STDERR_FILENO, event);
+    writeText(STDERR_FILENO, s_note[0] != '\0' ? s_note : "no plug-in was active");
+    if (gettid() != getpid()) { // of which that of the event loop knows nothing
+        writeText(STDERR_FILENO, ", in another thread");
+    } else if (running.what != nullptr) {
+        writeText(STDERR_FILENO, ", in ");
+        writeText(STDERR_FILENO, running.what);
+    }
+    writeText(STDERR_FILENO, "\n");
+    const int descriptor =
+        s_noteFile[0] == '\0' || s_note[0] == '\0'
+            ? -1
+            : open(s_noteFile, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (descriptor >= 0) {
+        writeText(descriptor, s_note);
+        close(descriptor);
+    }
+    s_note[0] = '\0';
+}
+
+/// The terminal itself returns from main(). What exit() would go on to destroy is still in use, and a caller would
+/// take its status for that of the run.
+void onExit()
+{
+    if (s_process != getpid())
+        return;
+    leaveNote("the terminal was ended by exit(): ");
+    _exit(EXIT_FAILURE);
+}
+
 void onCrash(int number, siginfo_t* info, void*)
 {
-    if (s_note[0] != '\0') {
-        const RunningCode::State running = RunningCode::state();
-        writeText(STDERR_FILENO, "brimvale-terminal: a plug-in has crashed the terminal: ");
-        writeText(STDERR_FILENO, s_note);
-        // In another thread than that of the event loop it says nothing of the crash.
-        if (running.what != nullptr && gettid() == getpid()) {
-            writeText(STDERR_FILENO, ", in ");
-            writeText(STDERR_FILENO, running.what);
-        }
-        writeText(STDERR_FILENO, "\n");
-        const int descriptor =
-            s_noteFile[0] == '\0'
-                ? -1
-                : open(s_noteFile, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR);
-        if (descriptor >= 0) {
-            writeText(descriptor, s_note);
-            close(descriptor);
-        }
-        s_note[0] = '\0';
-    }
+    if (s_note[0] != '\0' && s_process == getpid())
+        leaveNote("a plug-in has crashed the terminal: ");
     // What would have happened without this handler: a fault of the processor comes again by itself, everything else
     // is sent again.
     for (std::size_t i = 0; i < std::size(Signals); ++i) {
@@ -85,6 +103,9 @@ CrashNote::CrashNote(const QString& file)
 {
     keep(s_noteFile, sizeof s_noteFile, QFile::encodeName(file));
     setNone();
+    static const bool registered = std::atexit(onExit) == 0 && at_quick_exit(onExit) == 0;
+    static_cast<void>(registered);
+    s_process = getpid();
     stack_t stack = {};
     stack.ss_sp = s_stack;
     stack.ss_size = sizeof s_stack;
@@ -99,6 +120,7 @@ CrashNote::CrashNote(const QString& file)
 
 CrashNote::~CrashNote()
 {
+    s_process = 0;
     for (std::size_t i = 0; i < std::size(Signals); ++i)
         sigaction(Signals[i], &s_outer[i], nullptr);
     stack_t none = {};

@@ -40,6 +40,13 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event)
     return true;
 }
 
+bool GuardedApplication::event(QEvent* event)
+{
+    if (event->type() == QEvent::Quit)
+        emit sessionEnds();
+    return QGuiApplication::event(event);
+}
+
 void GuardedApplication::report(QObject* object, const QString& exception)
 {
     QString name = QStringLiteral("an object that is gone");

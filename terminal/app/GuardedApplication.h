@@ -22,8 +22,11 @@ public:
     ~GuardedApplication() override;
 
     bool notify(QObject* receiver, QEvent* event) override;
+    bool event(QEvent* event) override;
 
 signals:
+    /// The person's session ends, and all programs with it.
+    void sessionEnds();
     /// @p receiver names the object whose event it was, @p exception is the exception in words; @p object is null
     /// when it is gone or lives in another thread.
     void exceptionCaught(const QString& receiver, const QString& exception, QObject* object);

@@ -47,6 +47,8 @@ PluginFaults::PluginFaults(Host& host, InstrumentModel& instrument, const QStrin
     connect(plugins, &PluginManager::activePluginChanged, this, &PluginFaults::onActivePluginChanged);
     connect(plugins, &PluginManager::aboutToLoad, this,
             [this](const QString& file) { m_crashNote.setLoading(file); });
+    connect(plugins, &PluginManager::aboutToDelete, this,
+            [this](const QString& file) { m_crashNote.setActive(file); });
     connect(plugins, &PluginManager::loaded, this, &PluginFaults::onActivePluginChanged);
     connect(plugins, &PluginManager::aboutToStart, this, [this, plugins] {
         m_events.clear();
@@ -101,6 +103,15 @@ void PluginFaults::reportException(const QString& receiver, const QString& excep
         m_host.notices().post(NoticeSeverity::Error, tr("The application \"%1\", which is closed, failed: %2")
                                                          .arg(plugins.plugins().at(owner).name, exception));
     }
+}
+
+void PluginFaults::reportQuit()
+{
+    const QString name = m_host.plugins().activeName();
+    m_host.notices().postPluginFault(
+        name.isEmpty()
+            ? tr("An application asked the terminal to end, which only a person can do.")
+            : tr("The application \"%1\" asked the terminal to end, which only a person can do.").arg(name));
 }
 
 void PluginFaults::onPluginFault(const QString& text, int count)

@@ -41,6 +41,9 @@ public:
     /// An exception went as far as the event loop, in an event of @p object, named @p receiver; it may be gone: null.
     void reportException(const QString& receiver, const QString& exception, const QObject* object);
 
+    /// Somebody has called QCoreApplication::quit(), which the terminal does not follow.
+    void reportQuit();
+
     /// What the plug-in that was closed last has left behind.
     Remains leftBehind() const;
 

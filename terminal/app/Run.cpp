@@ -153,16 +153,28 @@ struct TimeAndSource
     }
 };
 
-/// Runs the terminal in its window until the person closes it or a signal ends it.
+/// Runs the terminal in its window until the person closes it or a signal ends it. A plug-in does not end it.
 int runWindow(Session& session, GuardedApplication& application, TerminationSignals& terminationSignals)
 {
-    QObject::connect(&session, &Session::closed, &application, &QCoreApplication::quit, Qt::QueuedConnection);
-    QObject::connect(&terminationSignals, &TerminationSignals::terminationRequested, &application,
-                     &QCoreApplication::quit, Qt::QueuedConnection);
+    bool ends = false;
+    const QObject context;
+    const auto end = [&ends] {
+        ends = true;
+        QCoreApplication::quit();
+    };
+    QObject::connect(&session, &Session::closed, &context, end, Qt::QueuedConnection);
+    QObject::connect(&terminationSignals, &TerminationSignals::terminationRequested, &context, end,
+                     Qt::QueuedConnection);
+    QObject::connect(&application, &GuardedApplication::sessionEnds, &context, end);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
     session.window().show();
     session.loadPlugins();
     session.start();
     QCoreApplication::exec();
+    while (!ends) {
+        session.pluginFaults().reportQuit();
+        QCoreApplication::exec();
+    }
     session.shutDown();
     return session.errors().isEmpty() ? ExitOk : ExitFailed;
 }

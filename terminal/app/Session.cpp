@@ -210,6 +210,8 @@ Session::~Session()
     disconnect(&m_instrument, nullptr, this, nullptr);
     m_instrument.setSettings(nullptr);
     m_host->calls().setTrace({});
+    m_host->plugins().deleteAll(); // while a crash is still noted
+    m_faults.reset();
 }
 
 void Session::connectScale()

@@ -14,6 +14,7 @@
 #include "host/ViewHost.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QTranslator>
@@ -42,10 +43,19 @@ PluginManager::PluginManager(const PluginEnvironment& environment, QObject* pare
 
 PluginManager::~PluginManager()
 {
+    deleteAll();
+}
+
+void PluginManager::deleteAll()
+{
     closeAll();
+    m_closeTimer.stop(); // for one that has not closed
+    m_active = -1;
     while (!m_plugins.empty()) {
         const std::unique_ptr<Plugin> plugin = std::move(m_plugins.back());
         m_plugins.pop_back();
+        emit aboutToDelete(plugin->canonicalFile);
+        const RunningCode running("its destructor");
         if (plugin->object != nullptr) {
             disconnect(plugin->object, &QObject::destroyed, this, &PluginManager::onObjectDestroyed);
         }
@@ -297,12 +307,11 @@ bool PluginManager::waitUntilSettled(int timeoutMs)
 {
     // Event by event and not with exec(), which refuses while the application quits.
     QEventLoop loop;
+    const QDeadlineTimer deadline(timeoutMs);
+    // Only wakes the loop: a plug-in's event filter may swallow what it tells.
     QTimer timer(this);
-    bool expired = false;
-    timer.setSingleShot(true);
-    connect(&timer, &QTimer::timeout, &timer, [&expired] { expired = true; });
     timer.start(timeoutMs);
-    while (!isSettled() && !expired) {
+    while (!isSettled() && !deadline.hasExpired()) {
         loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
     return isSettled();

@@ -108,8 +108,7 @@ public:
 
     explicit PluginManager(const PluginEnvironment& environment, QObject* parent = nullptr);
 
-    /// Closes what still runs, as closeAll() does, then destroys the plug-ins' objects, the last loaded
-    /// first.
+    /// Does what deleteAll() does.
     ~PluginManager() override;
 
     // IPluginManager
@@ -173,6 +172,9 @@ public:
     /// Closes the active plug-in and waits until it has closed. Returns whether that was without a fault.
     bool closeAll();
 
+    /// Closes what still runs, as closeAll() does, then destroys the plug-ins' objects, the last loaded first.
+    void deleteAll();
+
     /// Installs the translations of all plug-ins for @p language ("de"): the file that `PluginTranslator()`
     /// finds under "<base name of the plug-in file>_<language>", for example ":/translations/weighing_de.qm"
     /// of weighing.so. A plug-in without it stays in its source language. Then the running plug-in
@@ -187,6 +189,8 @@ signals:
     /// Code of the plug-in in this file is about to be run for the first time, and has come back.
     void aboutToLoad(const QString& canonicalFile);
     void loaded();
+    /// The destructor of the plug-in in this file is about to be run.
+    void aboutToDelete(const QString& canonicalFile);
     /// The plug-in of this folder is about to be initialised or started: relative paths that it names are meant from
     /// there.
     void entered(const QString& folder);

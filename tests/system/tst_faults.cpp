@@ -17,9 +17,15 @@ private slots:
 
     void exceptionsInAScript();
     void expectedExceptionIsNoFailure();
+    void exceptionsInAllEvents();
     void blockedTerminal();
     void crashIsNoted_data();
     void crashIsNoted();
+    void exitIsNoted_data();
+    void exitIsNoted();
+    void crashOfAChildProcess();
+    void crashInTheDestructor();
+    void quitIsRefused();
     void crashAtTheStartOfAnApplication();
     void mendedPluginIsStartedAgain();
     void namedPluginIsStartedAgain();
@@ -93,6 +99,14 @@ void TestFaults::expectedExceptionIsNoFailure()
     COMPARE_EXIT_CODE(terminal, 0);
 }
 
+void TestFaults::exceptionsInAllEvents()
+{
+    TerminalProcess terminal;
+    QVERIFY2(play(terminal, QStringLiteral("press ThrowInFilter\nput on 20 g\nwait stable\n")),
+             "the terminal must end although no timer works any more");
+    COMPARE_EXIT_CODE(terminal, 1);
+}
+
 void TestFaults::blockedTerminal()
 {
     TerminalProcess terminal;
@@ -109,22 +123,77 @@ void TestFaults::blockedTerminal()
 void TestFaults::crashIsNoted_data()
 {
     QTest::addColumn<QString>("misdeed");
+    QTest::addColumn<QString>("place");
     QTest::addColumn<int>("number");
-    QTest::newRow("abort()") << QStringLiteral("Abort") << SIGABRT;
-    QTest::newRow("qFatal()") << QStringLiteral("Fatal") << SIGABRT;
+    QTest::newRow("abort()") << QStringLiteral("Abort") << QString() << SIGABRT;
+    QTest::newRow("qFatal()") << QStringLiteral("Fatal") << QString() << SIGABRT;
+    QTest::newRow("abort() in a thread")
+        << QStringLiteral("AbortInThread") << QStringLiteral(", in another thread\n") << SIGABRT;
 }
 
 void TestFaults::crashIsNoted()
 {
     QFETCH(QString, misdeed);
+    QFETCH(QString, place);
     QFETCH(int, number);
     TerminalProcess terminal;
     QVERIFY(!play(terminal, QStringLiteral("press %1\nwait 1 s\n").arg(misdeed)));
     QCOMPARE(terminal.exitStatus(), QProcess::CrashExit);
     QCOMPARE(terminal.exitCode(), number);
     QVERIFY2(terminal.errorText().contains(QLatin1String("a plug-in has crashed the terminal: active "))
+                 && terminal.errorText().contains(QLatin1String("misbehaving.so") + place),
+             terminal.everything().constData());
+}
+
+void TestFaults::exitIsNoted_data()
+{
+    QTest::addColumn<QString>("misdeed");
+    QTest::newRow("exit()") << QStringLiteral("Exit");
+    QTest::newRow("quick_exit()") << QStringLiteral("QuickExit");
+}
+
+void TestFaults::exitIsNoted()
+{
+    QFETCH(QString, misdeed);
+    TerminalProcess terminal;
+    QVERIFY(play(terminal, QStringLiteral("press %1\nwait 1 s\n").arg(misdeed)));
+    COMPARE_EXIT_CODE(terminal, 1);
+    QVERIFY2(terminal.errorText().contains(QLatin1String("the terminal was ended by exit(): active "))
                  && terminal.errorText().contains(QLatin1String("misbehaving.so")),
              terminal.everything().constData());
+}
+
+void TestFaults::crashOfAChildProcess()
+{
+    TerminalProcess terminal;
+    QVERIFY(play(terminal,
+                 QStringLiteral("press AbortInChild\nput on 20 g\nwait stable\nexpect display 20.0 g\n")));
+    COMPARE_EXIT_CODE(terminal, 0);
+    QVERIFY2(!terminal.errorText().contains(QLatin1String("crashed")), terminal.everything().constData());
+}
+
+void TestFaults::crashInTheDestructor()
+{
+    TerminalProcess terminal;
+    QVERIFY(!play(terminal, QStringLiteral("press LeakChildThread\nwait 1 s\n")));
+    QVERIFY2(terminal.errorText().contains(QLatin1String("a plug-in has crashed the terminal: active "))
+                 && terminal.errorText().contains(QLatin1String("misbehaving.so, in its destructor\n")),
+             terminal.everything().constData());
+}
+
+void TestFaults::quitIsRefused()
+{
+    TerminalProcess terminal;
+    terminal.setVariable("MISBEHAVING_AT_START", "Quit");
+    openWindow(terminal, TerminalProcess::fixture(QStringLiteral("misbehaving")), false);
+    QVERIFY2(
+        terminal.waitForError(QStringLiteral("The application \"Misbehaving\" asked the terminal to end")),
+        terminal.everything().constData());
+    QVERIFY2(terminal.waitForError(QStringLiteral("readings arrive")), terminal.everything().constData());
+    QCOMPARE(terminal.state(), QProcess::Running);
+    QCOMPARE(::kill(static_cast<pid_t>(terminal.processId()), SIGTERM), 0);
+    QVERIFY(terminal.finish());
+    COMPARE_EXIT_CODE(terminal, 1);
 }
 
 void TestFaults::crashAtTheStartOfAnApplication()

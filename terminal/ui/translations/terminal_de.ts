@@ -611,6 +611,14 @@
         <source>The application &quot;%1&quot; is closed, but of it still works: %2.</source>
         <translation>Die Anwendung &quot;%1&quot; ist geschlossen, aber von ihr arbeitet noch: %2.</translation>
     </message>
+    <message>
+        <source>An application asked the terminal to end, which only a person can do.</source>
+        <translation>Eine Anwendung wollte das Terminal beenden; das kann nur ein Mensch.</translation>
+    </message>
+    <message>
+        <source>The application &quot;%1&quot; asked the terminal to end, which only a person can do.</source>
+        <translation>Die Anwendung &quot;%1&quot; wollte das Terminal beenden; das kann nur ein Mensch.</translation>
+    </message>
 </context>
 <context>
     <name>Brimvale::Terminal::PluginLoader</name>
