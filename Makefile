@@ -20,6 +20,13 @@ FUZZ_SECONDS ?= 600
 FUZZ_TARGETS ?=
 FUZZ_JOBS ?= 1
 
+# A value that cannot be meant ends the call before anything is built.
+$(foreach name,JOBS MUTATIONS FUZZ_SECONDS FUZZ_JOBS,$(if $(shell echo '$($(name))' | grep -xE '[1-9][0-9]{0,8}'),,\
+    $(error $(name)=$($(name)): give a whole number from 1)))
+FUZZERS := $(sort $(patsubst fuzz_%.cpp,%,$(notdir $(wildcard fuzz/*/fuzz_*.cpp))))
+$(foreach name,$(filter-out $(FUZZERS),$(FUZZ_TARGETS)),\
+    $(error FUZZ_TARGETS=$(FUZZ_TARGETS): there is no fuzzer $(name); there are $(FUZZERS)))
+
 .PHONY: help run test test-arm soak check-all asan tsan valgrind coverage mutation tidy bench fuzz docs install clean
 .DEFAULT_GOAL := help
 
@@ -145,7 +152,7 @@ bench:
 fuzz:
 	$(SETUP) --group fuzz
 	cmake --preset fuzz
-	cmake --build --preset fuzz --parallel $(JOBS)
+	cmake --build --preset fuzz --parallel $(JOBS) $(if $(FUZZ_TARGETS),--target $(FUZZ_TARGETS:%=fuzz_%))
 	tools/fuzz --seconds $(FUZZ_SECONDS) --jobs $(FUZZ_JOBS) $(FUZZ_TARGETS)
 
 docs:
