@@ -51,8 +51,29 @@ class Abi(unittest.TestCase):
 
     def test_the_kept_symbols_are_renewed(self):
         self.change("*.symbols", "_ZN8Brimvale10ActionBase6setUidE7QString\n", "")
-        self.assertEqual(self.start("--update", "symbols").returncode, 0)
+        process = self.start("--update", "symbols")
+        self.assertEqual(process.returncode, 0)
+        self.assertIn("Brimvale::ActionBase::setUid(QString) (_ZN8Brimvale10ActionBase6setUidE7QString)", process.stdout)
         self.assertEqual(self.start("symbols").returncode, 0)
+
+    def test_the_kept_types_are_renewed(self):
+        self.change("*.abi", "'>\n<var-decl name='m_workerMethod'", "0'>\n<var-decl name='m_workerMethod'")
+        process = self.start("--update", "types", library=DESCRIBED)
+        self.assertEqual(process.returncode, 0, process.stderr)
+        self.assertIn("'QMetaMethod m_workerMethod' offset changed", process.stdout)
+        self.assertEqual(self.start("types", library=DESCRIBED).returncode, 0)
+
+    def test_what_has_not_changed_is_not_renewed(self):
+        before = {path: path.read_bytes() for path in self.kept.iterdir()}
+        for what, library in (("symbols", LIBRARY), ("types", DESCRIBED)):
+            self.assertEqual(self.start("--update", what, library=library).returncode, 0)
+        self.assertEqual({path: path.read_bytes() for path in self.kept.iterdir()}, before)
+
+    def test_a_damaged_description_is_renewed(self):
+        for path in self.kept.glob("*.abi"):
+            path.write_text("<abi-corpus", encoding="utf-8")
+        self.assertEqual(self.start("--update", "types", library=DESCRIBED).returncode, 0)
+        self.assertEqual(self.start("types", library=DESCRIBED).returncode, 0)
 
     def test_data_that_is_not_explained(self):
         self.change("static-data.txt", "data QMetaTypeId<", "data Other<")
