@@ -9,6 +9,7 @@
 #include "script/ScriptRunner.h"
 #include "sics/SicsServer.h"
 
+#include <QDir>
 #include <QSet>
 
 #include <limits>
@@ -55,12 +56,13 @@ void printHead(Session& session)
 }
 
 /// Plays the script and sums it up.
-bool play(Session& session, TimeDriver& driver, const Script& script)
+bool play(Session& session, TimeDriver& driver, const Script& script, const QDir& workingFolder)
 {
     const Options& options = session.options();
     const QString folder = screenshotFolder(options);
     printLine();
-    ScriptRunner runner(session, driver, ScriptOutput{printLine, printFault}, folder);
+    ScriptRunner runner(session, driver, ScriptOutput{printLine, printFault},
+                        workingFolder.absoluteFilePath(folder));
     const bool ok = runner.run(script);
     if (driver.isInterrupted())
         return ok;
@@ -177,6 +179,7 @@ QString screenshotFolder(const Options& options)
 int runHeadless(Session& session, TimeDriver& driver, const Script* script)
 {
     const Options& options = session.options();
+    const QDir workingFolder = QDir::current(); // a plug-in may change it
     session.loadPlugins();
     bool ok = session.start();
     const bool nothingRuns = !options.withoutPlugin && session.host().plugins().activeIndex() < 0;
@@ -189,7 +192,7 @@ int runHeadless(Session& session, TimeDriver& driver, const Script* script)
 
     printHead(session);
     if (script)
-        ok = play(session, driver, *script) && ok;
+        ok = play(session, driver, *script, workingFolder) && ok;
     else
         weigh(session, driver);
 
@@ -204,7 +207,7 @@ int runHeadless(Session& session, TimeDriver& driver, const Script* script)
         printLine(QStringLiteral("display: %1").arg(session.display().line()));
         if (!options.screenshot.isEmpty()) {
             QString error;
-            if (session.grab(options.screenshot, &error)) {
+            if (session.grab(workingFolder.absoluteFilePath(options.screenshot), &error)) {
                 printLine(QStringLiteral("screenshot: %1").arg(options.screenshot));
             } else {
                 printError(error);

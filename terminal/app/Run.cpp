@@ -102,6 +102,15 @@ QString choosePlugins(Options* options)
     return QString();
 }
 
+/// What is written after a plug-in was loaded must not follow it when it changes the working folder.
+void makePathsAbsolute(Options* options)
+{
+    for (QString* const path : {&options->settings, &options->transferLog, &options->printer.path}) {
+        if (!path->isEmpty() && *path != QLatin1String("-"))
+            *path = QFileInfo(*path).absoluteFilePath();
+    }
+}
+
 std::optional<Script> loadScript(const Options& options, QStringList* errors)
 {
     if (options.demo) {
@@ -203,6 +212,7 @@ int runTerminal(int argc, char** argv)
     }
     Options options = commandLine.options();
     initResources();
+    makePathsAbsolute(&options);
 
     // Everything that can be wrong is looked at before anything starts.
     const QString choiceError = choosePlugins(&options);

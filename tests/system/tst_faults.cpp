@@ -18,6 +18,7 @@ private slots:
     void exceptionsInAScript();
     void expectedExceptionIsNoFailure();
     void exceptionsInAllEvents();
+    void otherWorkingFolder();
     void blockedTerminal();
     void crashIsNoted_data();
     void crashIsNoted();
@@ -105,6 +106,26 @@ void TestFaults::exceptionsInAllEvents()
     QVERIFY2(play(terminal, QStringLiteral("press ThrowInFilter\nput on 20 g\nwait stable\n")),
              "the terminal must end although no timer works any more");
     COMPARE_EXIT_CODE(terminal, 1);
+}
+
+void TestFaults::otherWorkingFolder()
+{
+    const QDir folder(m_folder->path());
+    QVERIFY(folder.mkdir(QStringLiteral("other")));
+    TerminalProcess terminal;
+    terminal.setWorkingDirectory(folder.path());
+    terminal.setVariable("MISBEHAVING_FOLDER", qPrintable(folder.filePath(QStringLiteral("other"))));
+    const QString name = script(QStringLiteral("press ChangeFolder\nscreenshot script.png\n"));
+    QVERIFY(terminal.run({QStringLiteral("--headless"), QStringLiteral("--plugin"),
+                          TerminalProcess::fixture(QStringLiteral("misbehaving")), QStringLiteral("--script"),
+                          name, QStringLiteral("--settings"), QStringLiteral("kept.ini"),
+                          QStringLiteral("--transfer-log"), QStringLiteral("log.csv"),
+                          QStringLiteral("--screenshot"), QStringLiteral("end.png")}));
+    COMPARE_EXIT_CODE(terminal, 0);
+    QVERIFY(folder.exists(QStringLiteral("script.png")));
+    QVERIFY(folder.exists(QStringLiteral("end.png")));
+    QVERIFY2(!folder.exists(QStringLiteral("kept.print-queue.lock")), terminal.everything().constData());
+    QVERIFY(QDir(folder.filePath(QStringLiteral("other"))).isEmpty());
 }
 
 void TestFaults::blockedTerminal()
