@@ -44,6 +44,12 @@ LoopWatch::~LoopWatch()
     RunningCode::setIdle(false);
 }
 
+void LoopWatch::setActive(const QString& pluginFile)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_active = pluginFile;
+}
+
 void LoopWatch::watch()
 {
     const int lookMs = std::max(1, m_limitMs / LooksPerLimit);
@@ -75,14 +81,16 @@ void LoopWatch::watch()
             m_since = since;
             QMetaObject::invokeMethod(this, &LoopWatch::onRunsAgain, Qt::QueuedConnection);
         }
+        const QString whose = !library.isEmpty()    ? QStringLiteral(" in %1").arg(library)
+                              : !m_active.isEmpty() ? QStringLiteral(" while %1 is active").arg(m_active)
+                                                    : QString();
         // Unlocked: whoever writes the log may wait for the thread of the event loop.
         lock.unlock();
         QLOG_WARN().noquote() << QStringLiteral("the event loop has been held up for %1 s by %2%3. It goes "
                                                 "on when that comes back; until then only SIGTERM or Ctrl+C, "
                                                 "twice, ends the terminal")
                                      .arg(static_cast<double>(since.elapsed()) / 1000.0, 0, 'f', 1)
-                                     .arg(what,
-                                          library.isEmpty() ? QString() : QStringLiteral(" in ") + library);
+                                     .arg(what, whose);
         lock.lock();
     }
 }

@@ -32,6 +32,9 @@ public:
     explicit LoopWatch(int limitMs = DefaultLimitMs, QObject* parent = nullptr);
     ~LoopWatch() override;
 
+    /// The plug-in in this file is active, which the log names where it does not know whose code runs; empty: none is.
+    void setActive(const QString& pluginFile);
+
 signals:
     /// @p what held up the event loop for @p ms; its code is in the file @p library, which may be empty.
     void blocked(const QString& what, const QString& library, qint64 ms);
@@ -44,6 +47,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_wake;
     bool m_end = false;
+    QString m_active;
     // Of what holds up the event loop, under the mutex:
     QString m_what;
     QString m_library;

@@ -45,10 +45,11 @@ PluginFaults::PluginFaults(Host& host, InstrumentModel& instrument, const QStrin
     connect(&m_loopWatch, &LoopWatch::blocked, this, &PluginFaults::onBlocked);
     connect(&instrument, &InstrumentModel::closeRequested, plugins, &PluginManager::deactivate);
     connect(plugins, &PluginManager::activePluginChanged, this, &PluginFaults::onActivePluginChanged);
-    connect(plugins, &PluginManager::aboutToLoad, this,
-            [this](const QString& file) { m_crashNote.setLoading(file); });
-    connect(plugins, &PluginManager::aboutToDelete, this,
-            [this](const QString& file) { m_crashNote.setActive(file); });
+    connect(plugins, &PluginManager::aboutToLoad, this, [this](const QString& file) {
+        m_crashNote.setLoading(file);
+        m_loopWatch.setActive(file);
+    });
+    connect(plugins, &PluginManager::aboutToDelete, this, &PluginFaults::setActive);
     connect(plugins, &PluginManager::loaded, this, &PluginFaults::onActivePluginChanged);
     connect(plugins, &PluginManager::aboutToStart, this, [this, plugins] {
         m_events.clear();
@@ -130,14 +131,21 @@ void PluginFaults::onPluginFault(const QString& text, int count)
         m_instrument.setNoticeCount(count);
 }
 
+/// @param file empty: none is active.
+void PluginFaults::setActive(const QString& file)
+{
+    m_loopWatch.setActive(file);
+    if (file.isEmpty())
+        m_crashNote.setNone();
+    else
+        m_crashNote.setActive(file);
+}
+
 void PluginFaults::onActivePluginChanged()
 {
     const PluginManager& plugins = m_host.plugins();
     const int active = plugins.activeIndex();
-    if (active >= 0)
-        m_crashNote.setActive(QFileInfo(plugins.plugins().at(active).file).canonicalFilePath());
-    else
-        m_crashNote.setNone();
+    setActive(active < 0 ? QString() : QFileInfo(plugins.plugins().at(active).file).canonicalFilePath());
     if (!plugins.isRunning())
         m_instrument.setNoticeOffersClose(false);
     if (active < 0) {

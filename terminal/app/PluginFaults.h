@@ -49,6 +49,7 @@ public:
 
 private:
     void onPluginFault(const QString& text, int count);
+    void setActive(const QString& file);
     void onActivePluginChanged();
     void onBlocked(const QString& what, const QString& library, qint64 ms);
     void tellLeftovers();

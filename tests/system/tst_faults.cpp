@@ -20,6 +20,7 @@ private slots:
     void exceptionsInAllEvents();
     void otherWorkingFolder();
     void blockedTerminal();
+    void blockedByAnAction();
     void crashIsNoted_data();
     void crashIsNoted();
     void exitIsNoted_data();
@@ -137,7 +138,19 @@ void TestFaults::blockedTerminal()
                                 "expect notice The application \"Misbehaving\" blocked the terminal for \n"
                                 "put on 20 g\nwait stable\nexpect display 20.0 g\n")));
     COMPARE_EXIT_CODE(terminal, 0);
-    QVERIFY2(terminal.errorText().contains(QLatin1String("the event loop has been held up for ")),
+    QVERIFY2(terminal.errorText().contains(QLatin1String("the event loop has been held up for "))
+                 && terminal.errorText().contains(QLatin1String("misbehaving.so. It goes on")),
+             terminal.everything().constData());
+}
+
+void TestFaults::blockedByAnAction()
+{
+    TerminalProcess terminal;
+    terminal.setVariable("BRIMVALE_BLOCKED_LIMIT_MS", "200");
+    QVERIFY(play(terminal, QStringLiteral("press BlockAtOnce\nwait 1 s\n")));
+    QVERIFY2(terminal.errorText().contains(QLatin1String(" by an action while ")),
+             terminal.everything().constData());
+    QVERIFY2(terminal.errorText().contains(QLatin1String("misbehaving.so is active. It goes on")),
              terminal.everything().constData());
 }
 
