@@ -228,6 +228,7 @@ private slots:
     void replacesFile();
     void survivesShrinkingSource();
     void copiesFromAnotherFileSystem();
+    void copiesWithoutStandardInput();
     void missingSource();
     void failedRemovalAndFailedCopy();
     void refusesCopyOntoItself_data();
@@ -581,6 +582,23 @@ void tst_FileUtils::copiesFromAnotherFileSystem()
     QVERIFY(write(at("copy"), "old"));
     QVERIFY(m_files.CopyFileOverwrite(source, at("copy")));
     QCOMPARE(read(at("copy")), content);
+}
+
+// The first file that is opened is number 0 then.
+void tst_FileUtils::copiesWithoutStandardInput()
+{
+    QVERIFY(write(at("source"), "content"));
+    const int kept = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    ::close(STDIN_FILENO);
+    const bool copied = m_files.CopyFileOverwrite(at("source"), at("copy"));
+    const bool isOpen = ::fcntl(STDIN_FILENO, F_GETFD) >= 0;
+    if (kept >= 0) {
+        ::dup2(kept, STDIN_FILENO);
+        ::close(kept);
+    }
+    QVERIFY(copied);
+    QVERIFY(!isOpen);
+    QCOMPARE(read(at("copy")), QByteArray("content"));
 }
 
 void tst_FileUtils::missingSource()
