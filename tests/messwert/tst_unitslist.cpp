@@ -94,6 +94,7 @@ private slots:
     void fixedUnits_data();
     void fixedUnits();
     void eachUnitHasItsBit();
+    void castGivesTheInterface();
     void negativeDecimalsAreLogged();
     void negativeDecimalsChangeNothing();
     void anotherCountReplacesTheUnits();
@@ -177,6 +178,14 @@ void TestUnitsList::eachUnitHasItsBit()
     for (int i = 0; i < names.size(); ++i) {
         QCOMPARE(list.getUnitNames(&mode, 0, 1 << i), QStringList(names.at(i)));
     }
+}
+
+void TestUnitsList::castGivesTheInterface()
+{
+    UnitsList units(nullptr, 1);
+    QObject& object = units;
+    QCOMPARE(qobject_cast<IUnitsList*>(&object), static_cast<IUnitsList*>(&units));
+    QCOMPARE(qobject_interface_iid<IUnitsList*>(), "Brimvale.Messwert.IUnitsList/1.0");
 }
 
 void TestUnitsList::negativeDecimalsAreLogged()
