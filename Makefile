@@ -8,7 +8,7 @@ DESTDIR ?=
 SETUP ?= tools/setup
 JOBS ?= $(shell nproc)
 # How many mistakes make mutation makes, and more arguments for tools/mutate.
-MUTATIONS ?= 300
+MUTATIONS ?= 310
 MUTATION_ARGS ?=
 # More arguments for ctest, tools/static-analysis, the benchmarks and the terminal.
 TEST_ARGS ?=
