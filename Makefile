@@ -117,7 +117,8 @@ tidy:
 	cmake --preset dev
 	tools/static-analysis --jobs $(JOBS) $(TIDY_ARGS)
 
-# docs/quality.md says which branches are left. A long comparison of texts shows no more than a short one.
+# docs/quality.md says which branches are left. A long comparison of texts shows no more than a short one. What programs
+# that are not run here make of inline functions is not counted, nor what the optimised plug-in of version 1.0 does.
 coverage:
 	$(SETUP) --group coverage
 	cmake --preset coverage
@@ -126,7 +127,8 @@ coverage:
 	BRIMVALE_TEXT_COUNT=10000 ctest --preset coverage --parallel $(JOBS) $(TEST_ARGS)
 	mkdir -p build/coverage/report
 	gcovr --root . --object-directory build/coverage --filter src/ --filter include/ \
-		--exclude-throw-branches --exclude-unreachable-branches --sort-uncovered --print-summary \
+		--exclude-throw-branches --exclude-unreachable-branches \
+		--exclude-directories '.*/(oldest|results|contract_probe)\.dir' --sort-uncovered --print-summary \
 		--html-details build/coverage/report/index.html --fail-under-line 100 --fail-under-branch 96
 	@echo 'Line by line: build/coverage/report/index.html'
 
