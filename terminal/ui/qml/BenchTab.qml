@@ -28,6 +28,8 @@ Rectangle {
         horizontalAlignment: Text.AlignHCenter
         text: tab.text
         elide: Text.ElideRight
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 11
         font.pixelSize: 14
         font.weight: Font.Medium
         color: tab.selected ? Theme.ink : Theme.inkSoft
