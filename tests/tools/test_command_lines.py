@@ -12,8 +12,9 @@ SCRIPTS = sorted(name for name in os.listdir(os.path.join(ROOT, "tools")))
 
 
 def run(*command):
-    # Within make the variables of its caller would be taken.
-    environment = {name: value for name, value in os.environ.items() if name not in ("MAKEFLAGS", "MAKEOVERRIDES")}
+    # Within make the variables of its caller would be taken, and the folder be told.
+    environment = {name: value for name, value in os.environ.items()
+                   if name not in ("MAKEFLAGS", "MAKEOVERRIDES", "MAKELEVEL", "MFLAGS")}
     return subprocess.run(command, cwd=ROOT, env=environment, stdin=subprocess.DEVNULL, capture_output=True,
                           encoding="utf-8", timeout=60, check=False)
 
