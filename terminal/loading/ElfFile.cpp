@@ -116,14 +116,14 @@ void ElfFile::read(QFile& file)
         m_target.bits = elfClass == ELFCLASS32 ? 32 : 64;
         m_target.littleEndian = data == ELFDATA2LSB;
         if (elfClass == ELFCLASS32) {
-            readHeader<Elf32_Ehdr, Elf32_Phdr>(file);
+            readHeader<Elf32_Ehdr, Elf32_Phdr, Elf32_Shdr>(file);
         } else {
-            readHeader<Elf64_Ehdr, Elf64_Phdr>(file);
+            readHeader<Elf64_Ehdr, Elf64_Phdr, Elf64_Shdr>(file);
         }
     }
 }
 
-template <typename Header, typename ProgramHeader>
+template <typename Header, typename ProgramHeader, typename SectionHeader>
 void ElfFile::readHeader(QFile& file)
 {
     const auto number = [this](auto value) -> quint64 {
@@ -145,13 +145,6 @@ void ElfFile::readHeader(QFile& file)
     m_kind = static_cast<int>(number(header.e_type));
     m_target.machine = static_cast<int>(number(header.e_machine));
 
-    const quint64 count = number(header.e_phnum);
-    const quint64 entrySize = number(header.e_phentsize);
-    const quint64 offset = number(header.e_phoff);
-    if (count > 0 && entrySize < sizeof(ProgramHeader)) {
-        fail(Problem::Damaged, ElfFile::tr("its program headers have %1 bytes each").arg(entrySize));
-        return;
-    }
     // One past the farthest byte that any header promises.
     quint64 needed = sizeof(Header);
     const auto need = [&needed](quint64 start, quint64 length) {
@@ -160,18 +153,38 @@ void ElfFile::readHeader(QFile& file)
                                 : start + length;
         needed = std::max(needed, end);
     };
-    need(offset, count * entrySize);
-    need(number(header.e_shoff), number(header.e_shnum) * number(header.e_shentsize));
-    for (quint64 i = 0; i < count && needed <= size; ++i) {
-        file.seek(static_cast<qint64>(offset + i * entrySize));
-        const QByteArray entry = file.read(sizeof(ProgramHeader));
-        if (entry.size() < static_cast<int>(sizeof(ProgramHeader))) {
-            fail(Problem::Truncated, ElfFile::tr("its program headers are incomplete"));
+    // Calls use() with every entry, as long as all that was promised is there.
+    const auto readTable = [&](auto entry, quint64 offset, quint64 count, quint64 entrySize,
+                               const auto& use) {
+        if (count > 0 && entrySize < sizeof(entry)) {
+            fail(Problem::Damaged, ElfFile::tr("one of its tables has entries of %1 bytes").arg(entrySize));
             return;
         }
-        ProgramHeader program;
-        std::memcpy(&program, entry.constData(), sizeof(program));
-        need(number(program.p_offset), number(program.p_filesz));
+        need(offset, count * entrySize);
+        for (quint64 i = 0; i < count && needed <= size; ++i) {
+            file.seek(static_cast<qint64>(offset + i * entrySize));
+            const QByteArray read = file.read(sizeof(entry));
+            if (read.size() < static_cast<int>(sizeof(entry))) {
+                fail(Problem::Truncated, ElfFile::tr("its header is incomplete"));
+                return;
+            }
+            std::memcpy(&entry, read.constData(), sizeof(entry));
+            use(entry);
+        }
+    };
+    readTable(
+        ProgramHeader(), number(header.e_phoff), number(header.e_phnum), number(header.e_phentsize),
+        [&](const ProgramHeader& program) { need(number(program.p_offset), number(program.p_filesz)); });
+    // Qt looks for the metadata there, and believes an offset and a length whose sum has run over.
+    readTable(SectionHeader(), number(header.e_shoff), number(header.e_shnum), number(header.e_shentsize),
+              [&](const SectionHeader& section) {
+                  const quint64 start = number(section.sh_offset);
+                  const quint64 length = number(section.sh_size);
+                  const bool hasBytes = number(section.sh_type) != SHT_NOBITS || start + length < start;
+                  need(start, hasBytes ? length : 0);
+              });
+    if (m_problem != Problem::None) {
+        return;
     }
     if (needed > size) {
         fail(Problem::Truncated,

@@ -64,7 +64,7 @@ public:
 
 private:
     void read(QFile& file);
-    template <typename Header, typename ProgramHeader>
+    template <typename Header, typename ProgramHeader, typename SectionHeader>
     void readHeader(QFile& file);
     void fail(Problem problem, const QString& detail = QString());
 

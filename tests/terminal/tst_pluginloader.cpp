@@ -9,7 +9,9 @@
 #include <QTranslator>
 #include <QtTest>
 
+#include <cstddef>
 #include <elf.h>
+#include <link.h>
 #include <memory>
 
 using namespace Brimvale;
@@ -72,6 +74,7 @@ private:
     QString write(const QString& name, const QByteArray& content);
     QByteArray good() const;
     QByteArray patched(int offset, const QByteArray& bytes) const;
+    QByteArray withMetadataAt(quint64 offset, quint64 length) const;
     QByteArray withQtVersion(char major, char minor) const;
     QByteArray withSdkVersion(const QByteArray& version) const;
 
@@ -107,6 +110,23 @@ QByteArray tst_PluginLoader::good() const
 QByteArray tst_PluginLoader::patched(int offset, const QByteArray& bytes) const
 {
     return good().replace(offset, bytes.size(), bytes);
+}
+
+/// With a table of sections that tells another place of the metadata.
+QByteArray tst_PluginLoader::withMetadataAt(quint64 offset, quint64 length) const
+{
+    QByteArray content = good();
+    const auto* const header = reinterpret_cast<const ElfW(Ehdr)*>(content.constData());
+    auto* const sections = reinterpret_cast<ElfW(Shdr)*>(content.data() + header->e_shoff);
+    const char* const names = content.constData() + sections[header->e_shstrndx].sh_offset;
+    for (int i = 0; i < header->e_shnum; ++i) {
+        if (qstrcmp(names + sections[i].sh_name, ".qtmetadata") == 0) {
+            sections[i].sh_offset = static_cast<ElfW(Off)>(offset);
+            sections[i].sh_size = static_cast<decltype(sections[i].sh_size)>(length);
+            return content;
+        }
+    }
+    qFatal("the fixture plug-in has no metadata");
 }
 
 QByteArray tst_PluginLoader::withQtVersion(char major, char minor) const
@@ -195,6 +215,13 @@ void tst_PluginLoader::failure_data()
         {text("the file is cut off"), QString::number(good().size() / 2)});
     row("unknown class", put("class.so", patched(EI_CLASS, QByteArray(1, 9))), LoadStage::Format,
         {text("the file is damaged")});
+    row("metadata beyond the end", put("beyond.so", withMetadataAt(Q_UINT64_C(1) << 30, 32)),
+        LoadStage::Format, {text("the file is cut off")});
+    row("metadata whose end runs over", put("over.so", withMetadataAt(~Q_UINT64_C(15), 32)),
+        LoadStage::Format, {text("the file is cut off")});
+    row("entries that are too small",
+        put("entries.so", patched(offsetof(ElfW(Ehdr), e_shentsize), number(8))), LoadStage::Format,
+        {text("the file is damaged"), text("entries of 8 bytes")});
     row("an executable", put("executable.so", patched(typeOffset, number(ET_EXEC))), LoadStage::Format,
         {text("an executable"), text("brimvale_add_plugin")});
     row("an object file", put("object.so", patched(typeOffset, number(ET_REL))), LoadStage::Format,

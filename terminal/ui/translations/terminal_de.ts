@@ -403,14 +403,6 @@
         <translation>ihr Kopf nennt kein bekanntes Format</translation>
     </message>
     <message>
-        <source>its program headers have %1 bytes each</source>
-        <translation>ihre Programmköpfe haben je %1 Bytes</translation>
-    </message>
-    <message>
-        <source>its program headers are incomplete</source>
-        <translation>ihre Programmköpfe sind unvollständig</translation>
-    </message>
-    <message>
         <source>it has %1 bytes, its headers speak of %2</source>
         <translation>sie hat %1 Bytes, ihre Köpfe sprechen von %2</translation>
     </message>
@@ -421,6 +413,10 @@
     <message>
         <source>%1 (%2 bit, %3)</source>
         <translation>%1 (%2 Bit, %3)</translation>
+    </message>
+    <message>
+        <source>one of its tables has entries of %1 bytes</source>
+        <translation>eine ihrer Tabellen hat Einträge von %1 Bytes</translation>
     </message>
 </context>
 <context>
