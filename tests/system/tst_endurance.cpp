@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <malloc.h>
 #include <mutex>
 #include <unistd.h>
@@ -141,8 +142,14 @@ private:
 
 int rounds(const char* variable, int usual)
 {
+    if (!qEnvironmentVariableIsSet(variable))
+        return usual;
     const int wanted = qEnvironmentVariableIntValue(variable);
-    return wanted > 0 ? wanted : usual;
+    if (wanted <= 0) {
+        std::fprintf(stderr, "%s=%s: give a number of rounds\n", variable, qgetenv(variable).constData());
+        std::exit(EXIT_FAILURE);
+    }
+    return wanted;
 }
 
 /// Has the QML engine drop what nothing uses. By itself it may not do so in each quarter of a short run.
